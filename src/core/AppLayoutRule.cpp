@@ -1,0 +1,3 @@
+#include "core/AppLayoutRule.h"
+
+// Placeholder; filled in by the catalogue and settings-store work.
