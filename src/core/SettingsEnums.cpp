@@ -1,5 +1,7 @@
 #include "core/SettingsEnums.h"
 
+#include "platform/SystemSurfaceSignals.h"
+
 QString symbolName(SettingsPage page)
 {
     switch (page) {
@@ -24,4 +26,20 @@ QString symbolName(SettingsPage page)
         return QStringLiteral("arrow.down.circle");
     }
     return {};
+}
+
+SurfaceMode systemResolvedSurfaceMode(const SystemSurfaceSignals* signals)
+{
+    if (!signals) {
+        return SurfaceMode::translucent;
+    }
+    if (signals->reduceTransparency()) {
+        return SurfaceMode::solid;
+    }
+    for (const auto& setting : {signals->processGlassDiffusion(), signals->globalGlassDiffusion()}) {
+        if (setting) {
+            return *setting != 0 ? SurfaceMode::solid : SurfaceMode::translucent;
+        }
+    }
+    return SurfaceMode::translucent;
 }

@@ -60,3 +60,8 @@ template <> struct EnumTable<SettingsPage> {
 
 // The platform symbol shown beside each settings page.
 QString symbolName(SettingsPage page);
+
+class SystemSurfaceSignals;
+
+// The surface mode the platform asks for; translucent when it has no signals (signals may be null).
+SurfaceMode systemResolvedSurfaceMode(const SystemSurfaceSignals* signals);
