@@ -28,15 +28,16 @@ QString symbolName(SettingsPage page)
     return {};
 }
 
-SurfaceMode systemResolvedSurfaceMode(const SystemSurfaceSignals* signals)
+SurfaceMode systemResolvedSurfaceMode(const SystemSurfaceSignals* surfaceSignals)
 {
-    if (!signals) {
+    if (!surfaceSignals) {
         return SurfaceMode::translucent;
     }
-    if (signals->reduceTransparency()) {
+    if (surfaceSignals->reduceTransparency()) {
         return SurfaceMode::solid;
     }
-    for (const auto& setting : {signals->processGlassDiffusion(), signals->globalGlassDiffusion()}) {
+    for (const auto& setting :
+         {surfaceSignals->processGlassDiffusion(), surfaceSignals->globalGlassDiffusion()}) {
         if (setting) {
             return *setting != 0 ? SurfaceMode::solid : SurfaceMode::translucent;
         }

@@ -6,13 +6,25 @@ enum class AppearanceMode { system, liquidSky, liquidViolet, liquidMint, liquidR
 enum class MenuScale { tiny, small, medium, large, xlarge };
 enum class SurfaceMode { translucent, solid };
 enum class QuickMenuOpenMode { input, button };
-enum class SettingsPage { general, actions, styles, aiReply, quickMenu, clipboard, layout, permissions, shortcuts, updates };
+enum class SettingsPage {
+    general,
+    actions,
+    styles,
+    aiReply,
+    quickMenu,
+    clipboard,
+    layout,
+    permissions,
+    shortcuts,
+    updates
+};
 
 template <> struct EnumTable<AppearanceMode> {
     static constexpr std::array cases{
         EnumCase<AppearanceMode>{AppearanceMode::system, "system", "System", "Системный"},
         EnumCase<AppearanceMode>{AppearanceMode::liquidSky, "liquid-sky", "Sky Glass", "Небесное стекло"},
-        EnumCase<AppearanceMode>{AppearanceMode::liquidViolet, "liquid-violet", "Violet Glass", "Фиолетовое стекло"},
+        EnumCase<AppearanceMode>{AppearanceMode::liquidViolet, "liquid-violet", "Violet Glass",
+                                 "Фиолетовое стекло"},
         EnumCase<AppearanceMode>{AppearanceMode::liquidMint, "liquid-mint", "Mint Glass", "Мятное стекло"},
         EnumCase<AppearanceMode>{AppearanceMode::liquidRose, "liquid-rose", "Rose Glass", "Розовое стекло"},
         EnumCase<AppearanceMode>{AppearanceMode::liquidNoir, "liquid-noir", "Noir Glass", "Темное стекло"},
@@ -63,5 +75,5 @@ QString symbolName(SettingsPage page);
 
 class SystemSurfaceSignals;
 
-// The surface mode the platform asks for; translucent when it has no signals (signals may be null).
-SurfaceMode systemResolvedSurfaceMode(const SystemSurfaceSignals* signals);
+// The surface mode the platform asks for; translucent when it has no signals (surfaceSignals may be null).
+SurfaceMode systemResolvedSurfaceMode(const SystemSurfaceSignals* surfaceSignals);
