@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/RunningApplication.h"
+
+#include <QList>
+#include <functional>
+#include <optional>
+
+// The applications on the desktop and which of them is in front.
+class ApplicationWorkspace {
+public:
+    using ActivationHandler = std::function<void(const RunningApplication&)>;
+
+    virtual ~ApplicationWorkspace() = default;
+
+    // Every running application with a window, one entry per process. GUI thread; a few round trips.
+    virtual QList<RunningApplication> runningApplications() = 0;
+    // The running application of that process, or nullopt when it has no window any more. GUI thread.
+    virtual std::optional<RunningApplication> application(qint32 processIdentifier) = 0;
+    // The first running application with that identifier, or nullopt. GUI thread.
+    virtual std::optional<RunningApplication> application(const QString& bundleIdentifier) = 0;
+    // The application in front, or nullopt when no window has the focus. GUI thread.
+    virtual std::optional<RunningApplication> frontmostApplication() = 0;
+    // Asks the desktop to bring the application forward, taking the focus from this program; true when the
+    // request could be made, not when it has been honoured. GUI thread; non-blocking.
+    virtual bool activate(qint32 processIdentifier) = 0;
+    // This program's own process, which never counts as a target. Non-blocking.
+    virtual qint32 currentProcessIdentifier() = 0;
+    // Called on the GUI thread each time another application comes to the front; replaces the previous
+    // handler.
+    virtual void setActivationHandler(ActivationHandler handler) = 0;
+};
