@@ -1,0 +1,50 @@
+#include "text/CharacterMap.h"
+
+#include <QStringList>
+#include <gtest/gtest.h>
+
+namespace {
+
+QStringList characters(const QString& text)
+{
+    QStringList result;
+    forEachCharacter(text, [&result](QStringView c) { result.append(c.toString()); });
+    return result;
+}
+
+} // namespace
+
+TEST(CharacterMapTest, KeysMatchUnderCanonicalEquivalence)
+{
+    CharacterMap map;
+    map.insert(u"й", u"q");
+    map.insert(u"e\u0301", u"1");
+    map.insert(u"\u00C5", u"2");
+
+    EXPECT_EQ(*map.find(u"\u0438\u0306"), u"q");
+    EXPECT_EQ(*map.find(u"\u00E9"), u"1");
+    // ANGSTROM SIGN is a singleton: it never survives composition, so it must reach the composed key.
+    EXPECT_EQ(*map.find(u"\u212B"), u"2");
+    EXPECT_EQ(*map.find(u"A\u030A"), u"2");
+    EXPECT_FALSE(map.contains(u"и"));
+    EXPECT_FALSE(map.contains(u"e"));
+}
+
+TEST(CharacterMapTest, LaterEquivalentKeyReplacesEarlierValue)
+{
+    CharacterMap map;
+    map.insert(u"\u0438\u0306", u"first");
+    map.insert(u"й", u"second");
+    EXPECT_EQ(map.size(), 1);
+    EXPECT_EQ(*map.find(u"й"), u"second");
+}
+
+TEST(CharacterMapTest, WalksExtendedGraphemeClusters)
+{
+    const QString family = QStringLiteral("👨\u200D👩\u200D👧");
+    const QString flag = QStringLiteral("🇷🇺");
+    EXPECT_EQ(
+        characters(QStringLiteral("a") + family + flag + QStringLiteral("и\u0306\r\n")),
+        (QStringList{QStringLiteral("a"), family, flag, QStringLiteral("и\u0306"), QStringLiteral("\r\n")}));
+    EXPECT_TRUE(characters(QString()).isEmpty());
+}
