@@ -1,0 +1,80 @@
+#include "core/QuickAction.h"
+
+#include "core/SettingsEnums.h"
+#include "platform/SystemSurfaceSignals.h"
+
+#include <gtest/gtest.h>
+
+TEST(QuickActionTest, NormalizeAcceptsOldSpellingsAndKeepsUnknownIds)
+{
+    EXPECT_EQ(QuickAction::normalize("  fix "), "style:original");
+    EXPECT_EQ(QuickAction::normalize("original\n"), "style:original");
+    EXPECT_EQ(QuickAction::normalize("polite"), "style:polite");
+    EXPECT_EQ(QuickAction::normalize("translate"), "translate");
+    EXPECT_EQ(QuickAction::normalize("custom-ab12cd34"), "custom-ab12cd34");
+    EXPECT_EQ(QuickAction::normalize("style:custom-ab12cd34"), "style:custom-ab12cd34");
+    EXPECT_EQ(QuickAction::normalize(" style:fix "), "style:fix");
+    // Case matters: only exact built-in ids are promoted.
+    EXPECT_EQ(QuickAction::normalize("Polite"), "Polite");
+}
+
+TEST(QuickActionTest, DefaultActionsAreTwentyInMenuOrder)
+{
+    const auto& actions = QuickAction::defaultActions();
+    ASSERT_EQ(actions.size(), 20);
+    EXPECT_EQ(actions.first().id, "ai");
+    EXPECT_EQ(actions[2].id, "style:original");
+    EXPECT_EQ(actions[4].id, "style:emoji");
+    EXPECT_EQ(actions.last().id, "layout");
+}
+
+TEST(QuickActionTest, StyleIdTitleAndSymbol)
+{
+    EXPECT_EQ(QuickAction("translate").styleId(), "translate");
+    EXPECT_EQ(QuickAction("style:friendly").styleId(), "friendly");
+    EXPECT_FALSE(QuickAction("clipboard").styleId().has_value());
+
+    EXPECT_EQ(QuickAction("style:original").title(), "Исправить");
+    EXPECT_EQ(QuickAction("style:friendly").title(), "Дружелюбно");
+    EXPECT_EQ(QuickAction("style:social").title(), "Social Media");
+    EXPECT_EQ(QuickAction("style:unknown").title(), "Действие");
+    EXPECT_EQ(QuickAction("whatever").title(), "Действие");
+
+    EXPECT_EQ(QuickAction("ai").symbolName(), "bubble.left.and.bubble.right");
+    EXPECT_EQ(QuickAction("style:casual").symbolName(), "bubble.left.and.bubble.right");
+    EXPECT_EQ(QuickAction("translate").symbolName(), "translate");
+    EXPECT_EQ(QuickAction("style:polite").symbolName(), "sparkles");
+    EXPECT_EQ(QuickAction("style:custom-1").symbolName(), "sparkles");
+    EXPECT_EQ(QuickAction("layout").symbolName(), "keyboard");
+}
+
+TEST(SurfaceModeTest, SystemResolvedFollowsTheFirstSignalThatSpeaks)
+{
+    struct Signals : SystemSurfaceSignals {
+        bool reduce = false;
+        std::optional<int> process;
+        std::optional<int> global;
+        bool reduceTransparency() const override { return reduce; }
+        std::optional<int> processGlassDiffusion() const override { return process; }
+        std::optional<int> globalGlassDiffusion() const override { return global; }
+    } s;
+    EXPECT_EQ(systemResolvedSurfaceMode(nullptr), SurfaceMode::translucent);
+    EXPECT_EQ(systemResolvedSurfaceMode(&s), SurfaceMode::translucent);
+    s.global = 1;
+    EXPECT_EQ(systemResolvedSurfaceMode(&s), SurfaceMode::solid);
+    s.process = 0; // the process's own setting wins over the global one
+    EXPECT_EQ(systemResolvedSurfaceMode(&s), SurfaceMode::translucent);
+    s.reduce = true;
+    EXPECT_EQ(systemResolvedSurfaceMode(&s), SurfaceMode::solid);
+}
+
+TEST(SettingsEnumsTest, RawValuesAndTitles)
+{
+    EXPECT_EQ(rawValue(AppearanceMode::liquidNoir), "liquid-noir");
+    EXPECT_EQ(enumFromRaw<AppearanceMode>("liquid-sky"), AppearanceMode::liquidSky);
+    EXPECT_FALSE(enumFromRaw<AppearanceMode>("liquidSky").has_value());
+    EXPECT_EQ(title(MenuScale::xlarge, UiLanguage::ru), "Очень большой");
+    EXPECT_EQ(title(SettingsPage::aiReply, UiLanguage::ru), "AI Reply");
+    EXPECT_EQ(symbolName(SettingsPage::shortcuts), "keyboard");
+    EXPECT_EQ(allCases<SettingsPage>().size(), 10u);
+}
