@@ -1,0 +1,231 @@
+#include "X11ApplicationWorkspace.h"
+
+#include "X11ErrorTrap.h"
+
+#include <X11/Xatom.h>
+#include <X11/Xutil.h>
+#include <unistd.h>
+
+namespace {
+struct XFreeDeleter {
+    void operator()(void* data) const { XFree(data); }
+};
+using XData = std::unique_ptr<unsigned char, XFreeDeleter>;
+
+// The items of a 32-bit property (windows, cardinals), empty when it is missing or of another format.
+QList<unsigned long> longProperty(Display* display, Window window, Atom property, Atom type)
+{
+    Atom actualType = 0;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long remaining = 0;
+    unsigned char* raw = nullptr;
+    if (XGetWindowProperty(display, window, property, 0, 4096, False, type, &actualType, &format, &count,
+                           &remaining, &raw) != Success) {
+        return {};
+    }
+    const XData data(raw);
+    if (!data || format != 32 || actualType != type) {
+        return {};
+    }
+    const auto* items = reinterpret_cast<const unsigned long*>(data.get());
+    return QList<unsigned long>(items, items + count);
+}
+
+QString textProperty(Display* display, Window window, Atom property, Atom type)
+{
+    Atom actualType = 0;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long remaining = 0;
+    unsigned char* raw = nullptr;
+    if (XGetWindowProperty(display, window, property, 0, 1024, False, type, &actualType, &format, &count,
+                           &remaining, &raw) != Success) {
+        return {};
+    }
+    const XData data(raw);
+    if (!data || format != 8) {
+        return {};
+    }
+    return QString::fromUtf8(reinterpret_cast<const char*>(data.get()), qsizetype(count));
+}
+} // namespace
+
+X11ApplicationWorkspace::X11ApplicationWorkspace(const QByteArray& displayName, QObject* parent)
+    : QObject(parent), m_connection(displayName)
+{
+    Display* display = m_connection.get();
+    if (display == nullptr) {
+        return;
+    }
+    m_root = DefaultRootWindow(display);
+    m_activeWindowAtom = XInternAtom(display, "_NET_ACTIVE_WINDOW", False);
+    XSelectInput(display, m_root, PropertyChangeMask);
+    XFlush(display);
+    m_lastActive = activeWindow();
+    m_notifier = new QSocketNotifier(ConnectionNumber(display), QSocketNotifier::Read, this);
+    connect(m_notifier, &QSocketNotifier::activated, this, &X11ApplicationWorkspace::readEvents);
+}
+
+X11ApplicationWorkspace::~X11ApplicationWorkspace() = default;
+
+void X11ApplicationWorkspace::readEvents()
+{
+    Display* display = m_connection.get();
+    bool activeChanged = false;
+    while (XPending(display) > 0) {
+        XEvent event;
+        XNextEvent(display, &event);
+        if (event.type == PropertyNotify && event.xproperty.atom == m_activeWindowAtom) {
+            activeChanged = true;
+        }
+    }
+    if (!activeChanged) {
+        return;
+    }
+    const Window active = activeWindow();
+    if (active == 0 || active == m_lastActive) {
+        return;
+    }
+    m_lastActive = active;
+    if (const std::optional<ClientWindow> client = describe(active, active); client && m_handler) {
+        m_handler(client->application);
+    }
+}
+
+unsigned long X11ApplicationWorkspace::activeWindow()
+{
+    if (!m_connection) {
+        return 0;
+    }
+    const QList<unsigned long> active =
+        longProperty(m_connection.get(), m_root, m_activeWindowAtom, XA_WINDOW);
+    return active.isEmpty() ? 0 : Window(active.first());
+}
+
+std::optional<X11ApplicationWorkspace::ClientWindow> X11ApplicationWorkspace::describe(unsigned long window,
+                                                                                       unsigned long active)
+{
+    Display* display = m_connection.get();
+    X11ErrorTrap trap(display);
+    const QList<unsigned long> pid =
+        longProperty(display, window, XInternAtom(display, "_NET_WM_PID", False), XA_CARDINAL);
+    if (pid.isEmpty()) {
+        trap.sync();
+        return std::nullopt;
+    }
+    ClientWindow client;
+    client.window = window;
+    client.application.processIdentifier = qint32(pid.first());
+    XClassHint hint{nullptr, nullptr};
+    if (XGetClassHint(display, window, &hint) != 0) {
+        const XData name(reinterpret_cast<unsigned char*>(hint.res_name));
+        const XData windowClass(reinterpret_cast<unsigned char*>(hint.res_class));
+        client.application.bundleIdentifier = QString::fromLocal8Bit(hint.res_class);
+    }
+    client.application.name = textProperty(display, window, XInternAtom(display, "_NET_WM_NAME", False),
+                                           XInternAtom(display, "UTF8_STRING", False));
+    if (client.application.name.isEmpty()) {
+        client.application.name = client.application.bundleIdentifier;
+    }
+    client.application.isActive = window == active;
+    // A window that vanished while being read is simply not there.
+    if (trap.sync() != 0) {
+        return std::nullopt;
+    }
+    return client;
+}
+
+QList<X11ApplicationWorkspace::ClientWindow> X11ApplicationWorkspace::clientWindows()
+{
+    QList<ClientWindow> result;
+    if (!m_connection) {
+        return result;
+    }
+    Display* display = m_connection.get();
+    const Window active = activeWindow();
+    for (const unsigned long window :
+         longProperty(display, m_root, XInternAtom(display, "_NET_CLIENT_LIST", False), XA_WINDOW)) {
+        if (std::optional<ClientWindow> client = describe(Window(window), active)) {
+            result.append(*client);
+        }
+    }
+    return result;
+}
+
+QList<RunningApplication> X11ApplicationWorkspace::runningApplications()
+{
+    // One entry per process: active if any of its windows is.
+    QList<RunningApplication> result;
+    for (const ClientWindow& client : clientWindows()) {
+        auto it = std::find_if(result.begin(), result.end(), [&](const RunningApplication& known) {
+            return known.processIdentifier == client.application.processIdentifier;
+        });
+        if (it == result.end()) {
+            result.append(client.application);
+        } else {
+            it->isActive = it->isActive || client.application.isActive;
+        }
+    }
+    return result;
+}
+
+std::optional<RunningApplication> X11ApplicationWorkspace::application(qint32 processIdentifier)
+{
+    for (const RunningApplication& application : runningApplications()) {
+        if (application.processIdentifier == processIdentifier) {
+            return application;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<RunningApplication> X11ApplicationWorkspace::application(const QString& bundleIdentifier)
+{
+    for (const RunningApplication& application : runningApplications()) {
+        if (application.bundleIdentifier == bundleIdentifier) {
+            return application;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<RunningApplication> X11ApplicationWorkspace::frontmostApplication()
+{
+    const Window active = activeWindow();
+    if (active == 0) {
+        return std::nullopt;
+    }
+    const std::optional<ClientWindow> client = describe(active, active);
+    return client ? std::optional(client->application) : std::nullopt;
+}
+
+bool X11ApplicationWorkspace::activate(qint32 processIdentifier)
+{
+    const QList<ClientWindow> clients = clientWindows();
+    const auto it = std::find_if(clients.begin(), clients.end(), [&](const ClientWindow& client) {
+        return client.application.processIdentifier == processIdentifier;
+    });
+    if (it == clients.end()) {
+        return false;
+    }
+    Display* display = m_connection.get();
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = it->window;
+    event.xclient.message_type = m_activeWindowAtom;
+    event.xclient.format = 32;
+    // Source indication 2: a pager acting for the user, which window managers honour without focus stealing
+    // prevention.
+    event.xclient.data.l[0] = 2;
+    event.xclient.data.l[1] = CurrentTime;
+    event.xclient.data.l[2] = long(m_lastActive);
+    X11ErrorTrap trap(display);
+    XSendEvent(display, m_root, False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
+    return trap.sync() == 0;
+}
+
+qint32 X11ApplicationWorkspace::currentProcessIdentifier()
+{
+    return qint32(getpid());
+}

@@ -1,0 +1,155 @@
+#include "ExchangeHarness.h"
+
+using namespace std::chrono_literals;
+using Kind = PasteboardServiceError::Kind;
+
+namespace {
+
+class ReadSelectionTest : public ExchangeHarness {
+protected:
+    Outcome<QString> read(bool selectAll, bool fallback, PasteboardTiming timing)
+    {
+        Outcome<QString> outcome;
+        settle(service.readSelectedTextTransient(selectAll, fallback, timing), outcome);
+        return outcome;
+    }
+};
+
+TEST_F(ReadSelectionTest, NothingSelectedTriesThreeCopiesWithGrowingWaitsAndPutsTheClipboardBack)
+{
+    fillClipboardWithImageAndFiles();
+    const auto outcome = read(false, false, PasteboardTiming::standardTiming());
+
+    EXPECT_EQ(outcome.error, Kind::emptySelection);
+    // 180 to come forward, then each copy waits 180, 300, 420 after its 20 ms key press.
+    EXPECT_EQ(keyboard.pressTimes(PasteboardService::keyC), (QList<qint64>{180, 380, 700}));
+    EXPECT_EQ(outcome.finishedAt, 720 + 420);
+    EXPECT_EQ(pasteboard.snapshot(), original);
+    EXPECT_EQ(capture.log, (QStringList{"suppress 3500", "finish restored"}));
+    EXPECT_EQ(workspace.activations, QList<qint32>{target});
+}
+
+TEST_F(ReadSelectionTest, FoundTextComesBackUntrimmedAfterTheClipboardIsRestored)
+{
+    fillClipboardWithImageAndFiles();
+    selectInTarget(QStringLiteral("  hello\n"));
+    const auto outcome = read(false, false, PasteboardTiming::standardTiming());
+
+    EXPECT_EQ(outcome.value, QStringLiteral("  hello\n"));
+    EXPECT_EQ(keyboard.pressTimes(PasteboardService::keyC).size(), 1);
+    EXPECT_EQ(pasteboard.snapshot(), original);
+    EXPECT_EQ(capture.log.last(), QStringLiteral("finish restored"));
+}
+
+TEST_F(ReadSelectionTest, QuickTimingPollsEachCopyForUpTo120Milliseconds)
+{
+    const auto outcome = read(false, false, PasteboardTiming::quickTiming());
+    EXPECT_EQ(outcome.error, Kind::emptySelection);
+    // Each poll ends on the first 2 ms step past its 120 ms deadline, which starts at the key release.
+    EXPECT_EQ(keyboard.pressTimes(PasteboardService::keyC), (QList<qint64>{0, 142, 284}));
+}
+
+TEST_F(ReadSelectionTest, QuickTimingReturnsAtTheFirstNonBlankText)
+{
+    std::optional<ClockTimer> lateCopy;
+    keyboard.onShortcut = [&](quint16) {
+        lateCopy.emplace(clock.schedule(31ms, [&] { pasteboard.copyText(QStringLiteral("slow")); }));
+    };
+    const auto outcome = read(false, false, PasteboardTiming::quickTiming());
+    EXPECT_EQ(outcome.value, QStringLiteral("slow"));
+    EXPECT_EQ(outcome.finishedAt, 20 + 32);
+}
+
+TEST_F(ReadSelectionTest, BlankSelectionFallsBackToTheFocusedTextOnlyWhenAsked)
+{
+    selectInTarget(QStringLiteral(" \n\t"));
+    const AccessibilityElement field =
+        tree.addEditor(window, QStringLiteral("AXTextArea"), {0, 0, 200, 40}, QStringLiteral("whole draft"));
+    tree.set(application, QStringLiteral("AXFocusedUIElement"), field);
+
+    const auto withoutFallback = read(false, false, PasteboardTiming::standardTiming());
+    EXPECT_EQ(withoutFallback.error, Kind::emptySelection);
+    EXPECT_EQ(keyboard.pressTimes(PasteboardService::keyC).size(), 3);
+
+    // No AXSelectedText at all: the value stands in.
+    EXPECT_EQ(read(false, true, PasteboardTiming::standardTiming()).value, QStringLiteral("whole draft"));
+
+    // An empty AXSelectedText is an answer, not an absence.
+    tree.set(field, QStringLiteral("AXSelectedText"), QString());
+    EXPECT_EQ(read(false, true, PasteboardTiming::standardTiming()).error, Kind::emptySelection);
+}
+
+TEST_F(ReadSelectionTest, SelectAllGoesFirstAndItsWaitPrecedesTheCopy)
+{
+    selectInTarget(QStringLiteral("all of it"));
+    const auto outcome = read(true, false, PasteboardTiming::standardTiming());
+    EXPECT_EQ(outcome.value, QStringLiteral("all of it"));
+    EXPECT_EQ(keyboard.pressTimes(PasteboardService::keyA), QList<qint64>{180});
+    EXPECT_EQ(keyboard.pressTimes(PasteboardService::keyC), QList<qint64>{180 + 20 + 120});
+}
+
+TEST_F(ReadSelectionTest, HeldModifiersDelayTheShortcutAtMost560Milliseconds)
+{
+    selectInTarget(QStringLiteral("x"));
+    modifiers.heldUntil = 180ms + 1000ms;
+    read(false, false, PasteboardTiming::standardTiming());
+    EXPECT_EQ(keyboard.pressTimes(PasteboardService::keyC), QList<qint64>{180 + 560});
+}
+
+TEST_F(ReadSelectionTest, ModifierWaitEndsWithTheFirstCheckThatFindsThemReleased)
+{
+    selectInTarget(QStringLiteral("x"));
+    modifiers.heldUntil = 180ms + 100ms;
+    read(false, false, PasteboardTiming::standardTiming());
+    EXPECT_EQ(keyboard.pressTimes(PasteboardService::keyC), QList<qint64>{180 + 105});
+}
+
+TEST_F(ReadSelectionTest, QuickTimingNeverWaitsForModifiers)
+{
+    selectInTarget(QStringLiteral("x"));
+    modifiers.heldUntil = 10s;
+    read(false, false, PasteboardTiming::quickTiming());
+    EXPECT_EQ(keyboard.pressTimes(PasteboardService::keyC), QList<qint64>{0});
+    EXPECT_EQ(modifiers.queries, 0);
+}
+
+TEST_F(ReadSelectionTest, ShortcutFailuresAreCopyFailuresWithTheClipboardPutBack)
+{
+    fillClipboardWithImageAndFiles();
+    keyboard.postingSucceeds = false;
+    EXPECT_EQ(read(false, true, PasteboardTiming::standardTiming()).error, Kind::copyEventFailed);
+    EXPECT_EQ(pasteboard.snapshot(), original);
+    EXPECT_EQ(capture.log.last(), QStringLiteral("finish restored"));
+
+    keyboard.postingSucceeds = true;
+    permissions.accessibility = false;
+    EXPECT_EQ(read(true, true, PasteboardTiming::standardTiming()).error, Kind::copyEventFailed);
+    EXPECT_TRUE(keyboard.events.isEmpty());
+    EXPECT_EQ(pasteboard.snapshot(), original);
+}
+
+TEST_F(ReadSelectionTest, AnEmptyClipboardStaysEmpty)
+{
+    selectInTarget(QStringLiteral("picked"));
+    EXPECT_EQ(read(false, false, PasteboardTiming::standardTiming()).value, QStringLiteral("picked"));
+    EXPECT_EQ(pasteboard.snapshot(), PasteboardSnapshot());
+    EXPECT_EQ(pasteboard.string(), std::nullopt);
+}
+
+TEST_F(ReadSelectionTest, AnActiveTargetIsNotActivatedAgainAndAGoneOneIsLookedUpByIdentifier)
+{
+    selectInTarget(QStringLiteral("x"));
+    workspace.bringToFront(target);
+    workspace.activations.clear();
+    read(false, false, PasteboardTiming::standardTiming());
+    EXPECT_TRUE(workspace.activations.isEmpty());
+
+    // The remembered process quit and the application came back under another one.
+    workspace.bringToFront(FakeApplicationWorkspace::ownProcess);
+    workspace.removeApplication(target);
+    workspace.addApplication(77, QStringLiteral("org.example.chat"));
+    read(false, false, PasteboardTiming::standardTiming());
+    EXPECT_EQ(workspace.activations, QList<qint32>{77});
+}
+
+} // namespace

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/ApplicationWorkspace.h"
+
+// A desktop of scripted applications. activate() records the request and, unless told otherwise, brings
+// the application to the front at once and tells the activation handler, as a window manager would.
+class FakeApplicationWorkspace : public ApplicationWorkspace {
+public:
+    static constexpr qint32 ownProcess = 1;
+
+    void addApplication(qint32 processIdentifier, const QString& bundleIdentifier)
+    {
+        m_applications.append({processIdentifier, bundleIdentifier, bundleIdentifier, false});
+    }
+    void removeApplication(qint32 processIdentifier)
+    {
+        m_applications.removeIf(
+            [&](const RunningApplication& a) { return a.processIdentifier == processIdentifier; });
+    }
+    // Brings the application to the front and tells the handler, as when the user clicks it.
+    void bringToFront(qint32 processIdentifier);
+
+    bool activationSucceeds = true;
+    bool activationTakesEffect = true;
+    QList<qint32> activations;
+
+    QList<RunningApplication> runningApplications() override;
+    std::optional<RunningApplication> application(qint32 processIdentifier) override;
+    std::optional<RunningApplication> application(const QString& bundleIdentifier) override;
+    std::optional<RunningApplication> frontmostApplication() override;
+    bool activate(qint32 processIdentifier) override;
+    qint32 currentProcessIdentifier() override { return ownProcess; }
+    void setActivationHandler(ActivationHandler handler) override { m_handler = std::move(handler); }
+
+private:
+    QList<RunningApplication> m_applications;
+    std::optional<qint32> m_front;
+    ActivationHandler m_handler;
+};
