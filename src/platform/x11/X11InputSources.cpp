@@ -1,0 +1,228 @@
+#include "platform/x11/X11InputSources.h"
+
+#include <QStringList>
+#include <X11/XKBlib.h>
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+#include <array>
+#include <cstring>
+#include <xkbcommon/xkbcommon.h>
+
+namespace {
+
+// XKB key names of the macOS virtual key codes of the main block, indexed by key code. The keypad is left
+// out on purpose: its decimal key types "," on many native layouts and would take over the map entry of
+// the "." key. Codes 10 and 50 follow the ISO keyboard, where the mac section key sits beside Left Shift.
+constexpr std::array<const char*, 128> macKeyNames = [] {
+    std::array<const char*, 128> names{};
+    const std::pair<int, const char*> table[] = {
+        {0, "AC01"},  {1, "AC02"},  {2, "AC03"},  {3, "AC04"},  {4, "AC06"},  {5, "AC05"},  {6, "AB01"},
+        {7, "AB02"},  {8, "AB03"},  {9, "AB04"},  {10, "LSGT"}, {11, "AB05"}, {12, "AD01"}, {13, "AD02"},
+        {14, "AD03"}, {15, "AD04"}, {16, "AD06"}, {17, "AD05"}, {18, "AE01"}, {19, "AE02"}, {20, "AE03"},
+        {21, "AE04"}, {22, "AE06"}, {23, "AE05"}, {24, "AE12"}, {25, "AE09"}, {26, "AE07"}, {27, "AE11"},
+        {28, "AE08"}, {29, "AE10"}, {30, "AD12"}, {31, "AD09"}, {32, "AD07"}, {33, "AD11"}, {34, "AD08"},
+        {35, "AD10"}, {36, "RTRN"}, {37, "AC09"}, {38, "AC07"}, {39, "AC11"}, {40, "AC08"}, {41, "AC10"},
+        {42, "BKSL"}, {43, "AB08"}, {44, "AB10"}, {45, "AB06"}, {46, "AB07"}, {47, "AB09"}, {48, "TAB"},
+        {49, "SPCE"}, {50, "TLDE"}, {93, "AE13"}, {94, "AB11"},
+    };
+    for (const auto& [code, name] : table)
+        names[code] = name;
+    return names;
+}();
+
+struct XFreeDeleter {
+    void operator()(void* data) const { XFree(data); }
+};
+template <typename T> using XPtr = std::unique_ptr<T, XFreeDeleter>;
+
+struct KeyboardDeleter {
+    void operator()(XkbDescPtr desc) const { XkbFreeKeyboard(desc, XkbAllComponentsMask, True); }
+};
+using KeyboardPtr = std::unique_ptr<XkbDescRec, KeyboardDeleter>;
+
+bool sameKeyName(const char (&name)[XkbKeyNameLength], const char* wanted)
+{
+    return std::strncmp(name, wanted, XkbKeyNameLength) == 0;
+}
+
+KeyCode keycodeNamed(const XkbDescRec& desc, const char* wanted)
+{
+    for (int code = desc.min_key_code; code <= desc.max_key_code; ++code) {
+        if (sameKeyName(desc.names->keys[code].name, wanted))
+            return KeyCode(code);
+    }
+    for (int i = 0; i < desc.names->num_key_aliases; ++i) {
+        const XkbKeyAliasRec& alias = desc.names->key_aliases[i];
+        if (sameKeyName(alias.alias, wanted)) {
+            const char real[XkbKeyNameLength + 1] = {alias.real[0], alias.real[1], alias.real[2],
+                                                     alias.real[3], 0};
+            return keycodeNamed(desc, real);
+        }
+    }
+    return 0;
+}
+
+// The layouts and variants the server was configured with, "us,ru" and ",phonetic" as "us", "ru(phonetic)".
+QStringList configuredLayouts(Display* display)
+{
+    const Atom rulesNames = XInternAtom(display, "_XKB_RULES_NAMES", True);
+    if (rulesNames == None)
+        return {};
+    Atom type = None;
+    int format = 0;
+    unsigned long length = 0;
+    unsigned long remaining = 0;
+    unsigned char* raw = nullptr;
+    if (XGetWindowProperty(display, DefaultRootWindow(display), rulesNames, 0, 1024, False, XA_STRING, &type,
+                           &format, &length, &remaining, &raw) != Success)
+        return {};
+    const XPtr<unsigned char> data(raw);
+    if (!data || type != XA_STRING || format != 8)
+        return {};
+    // rules, model, layout, variant, options, each ended by a NUL.
+    const QList<QByteArray> fields =
+        QByteArray(reinterpret_cast<const char*>(data.get()), qsizetype(length)).split('\0');
+    if (fields.size() < 3)
+        return {};
+    const QList<QByteArray> layouts = fields[2].split(',');
+    const QList<QByteArray> variants = fields.size() > 3 ? fields[3].split(',') : QList<QByteArray>();
+    QStringList result;
+    for (qsizetype i = 0; i < layouts.size(); ++i) {
+        QString id = QString::fromUtf8(layouts[i].trimmed());
+        const QByteArray variant = i < variants.size() ? variants[i].trimmed() : QByteArray();
+        if (!variant.isEmpty())
+            id += QLatin1Char('(') + QString::fromUtf8(variant) + QLatin1Char(')');
+        result.append(id);
+    }
+    return result;
+}
+
+} // namespace
+
+// One reading of the server's keymap. Sources listed together share it, so that keys are translated on the
+// keymap the sources were listed from even if the user reconfigures the keyboard in between.
+struct X11InputSources::Keymap {
+    KeyboardPtr desc;
+    QList<std::optional<QString>> names;
+    QStringList ids;
+    std::array<KeyCode, 128> keycodes{};
+};
+
+struct X11InputSources::Group {
+    std::shared_ptr<const Keymap> keymap;
+    int index = 0;
+};
+
+void X11InputSources::DisplayCloser::operator()(_XDisplay* display) const
+{
+    XCloseDisplay(display);
+}
+
+X11InputSources::X11InputSources(const QByteArray& displayName)
+{
+    int event = 0;
+    int error = 0;
+    int major = XkbMajorVersion;
+    int minor = XkbMinorVersion;
+    int reason = 0;
+    m_display.reset(XkbOpenDisplay(displayName.isEmpty() ? nullptr : displayName.constData(), &event, &error,
+                                   &major, &minor, &reason));
+}
+
+X11InputSources::~X11InputSources() = default;
+
+std::shared_ptr<const X11InputSources::Keymap> X11InputSources::fetchKeymap() const
+{
+    if (!m_display)
+        return nullptr;
+    Display* display = m_display.get();
+    KeyboardPtr desc(XkbGetMap(display, XkbAllClientInfoMask, XkbUseCoreKbd));
+    if (!desc ||
+        XkbGetNames(display, XkbGroupNamesMask | XkbKeyNamesMask | XkbKeyAliasesMask, desc.get()) !=
+            Success ||
+        XkbGetControls(display, XkbAllControlsMask, desc.get()) != Success || !desc->names || !desc->ctrls)
+        return nullptr;
+
+    auto keymap = std::make_shared<Keymap>();
+    const int groupCount = desc->ctrls->num_groups;
+    const QStringList configured = configuredLayouts(display);
+    for (int group = 0; group < groupCount; ++group) {
+        std::optional<QString> name;
+        if (const Atom atom = desc->names->groups[group]; atom != None) {
+            const XPtr<char> text(XGetAtomName(display, atom));
+            if (text)
+                name = QString::fromUtf8(text.get());
+        }
+        keymap->names.append(name);
+        QString id = group < configured.size() ? configured[group] : QStringLiteral("group%1").arg(group + 1);
+        // The same layout twice would make both one source to the identifier-keyed map cache.
+        if (keymap->ids.contains(id))
+            id += QStringLiteral("#%1").arg(group + 1);
+        keymap->ids.append(id);
+    }
+    for (std::size_t code = 0; code < macKeyNames.size(); ++code) {
+        if (macKeyNames[code])
+            keymap->keycodes[code] = keycodeNamed(*desc, macKeyNames[code]);
+    }
+    keymap->desc = std::move(desc);
+    return keymap;
+}
+
+QList<PlatformInputSource> X11InputSources::inputSources()
+{
+    const std::shared_ptr<const Keymap> keymap = fetchKeymap();
+    if (!keymap)
+        return {};
+    QList<PlatformInputSource> result;
+    for (int group = 0; group < keymap->ids.size(); ++group) {
+        result.append(PlatformInputSource{std::make_shared<const Group>(Group{keymap, group}),
+                                          keymap->names[group], keymap->ids[group],
+                                          PlatformInputSource::Type::keyboardLayout, true});
+    }
+    return result;
+}
+
+std::optional<PlatformInputSource> X11InputSources::currentSource()
+{
+    if (!m_display)
+        return std::nullopt;
+    XkbStateRec state{};
+    if (XkbGetState(m_display.get(), XkbUseCoreKbd, &state) != Success)
+        return std::nullopt;
+    const QList<PlatformInputSource> sources = inputSources();
+    if (state.group >= sources.size())
+        return std::nullopt;
+    return sources[state.group];
+}
+
+std::int32_t X11InputSources::selectSource(const InputSourceRef& source)
+{
+    const auto* group = static_cast<const Group*>(source.get());
+    if (!m_display || !group)
+        return BadImplementation;
+    if (!XkbLockGroup(m_display.get(), XkbUseCoreKbd, unsigned(group->index)))
+        return BadImplementation;
+    XFlush(m_display.get());
+    return 0;
+}
+
+std::optional<QString> X11InputSources::translateKey(const InputSourceRef& source, int keyCode, bool shift)
+{
+    const auto* group = static_cast<const Group*>(source.get());
+    if (!group || keyCode < 0 || keyCode >= int(macKeyNames.size()))
+        return std::nullopt;
+    const Keymap& keymap = *group->keymap;
+    const KeyCode keycode = keymap.keycodes[std::size_t(keyCode)];
+    if (keycode == 0)
+        return std::nullopt;
+    const unsigned int state = XkbBuildCoreState(shift ? ShiftMask : 0, group->index);
+    unsigned int consumed = 0;
+    KeySym keysym = NoSymbol;
+    if (!XkbTranslateKeyCode(keymap.desc.get(), keycode, state, &consumed, &keysym) || keysym == NoSymbol)
+        return std::nullopt;
+    // Dead keys and function keys have no character.
+    const char32_t character = xkb_keysym_to_utf32(xkb_keysym_t(keysym));
+    if (character == 0)
+        return std::nullopt;
+    return QString::fromUcs4(&character, 1);
+}
