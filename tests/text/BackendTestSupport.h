@@ -1,0 +1,58 @@
+#pragma once
+
+#include "AwaitTask.h"
+#include "FakeLanguageRecognizer.h"
+#include "MemoryDefaultsStore.h"
+#include "ScriptedHttpServer.h"
+#include "core/MivoraError.h"
+#include "text/BackendClient.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QNetworkAccessManager>
+#include <QNetworkProxy>
+#include <gtest/gtest.h>
+
+// A backend client talking to a scripted server on the loopback interface.
+class BackendClientFixture : public ::testing::Test {
+protected:
+    BackendClientFixture() { network.setProxy(QNetworkProxy::NoProxy); }
+
+    BackendClient makeClient(HttpExchange::Limits limits = BackendClient::defaultLimits())
+    {
+        return makeClient(server.baseUrl(), limits);
+    }
+    BackendClient makeClient(const QString& baseUrl,
+                             HttpExchange::Limits limits = BackendClient::defaultLimits())
+    {
+        return BackendClient(network, BackendCredentials(defaults, QStringLiteral("token-1")), baseUrl,
+                             recognizer, limits);
+    }
+
+    QJsonObject body(qsizetype index) const
+    {
+        return QJsonDocument::fromJson(server.requests().at(index).body).object();
+    }
+
+    // The user-facing text of whatever the call throws; empty when it returns.
+    template <typename T> static QString failureText(QCoro::Task<T> task)
+    {
+        try {
+            AwaitTask::run(std::move(task));
+        } catch (const MivoraError& error) {
+            return error.errorDescription();
+        }
+        return {};
+    }
+
+    ScriptedHttpServer server;
+    QNetworkAccessManager network;
+    MemoryDefaultsStore defaults;
+    FakeLanguageRecognizer recognizer;
+};
+
+inline PromptStyle styleWithId(const QString& id)
+{
+    return PromptStyle{id, QStringLiteral("Name of ") + id, QStringLiteral("Prompt of ") + id,
+                       QStringLiteral("Not assigned"), true};
+}
