@@ -53,7 +53,8 @@ public:
         if (readError) {
             throw MivoraError(*readError);
         }
-        co_return selection;
+        // WORKAROUND: QCoro 0.8 moves from any lvalue given to co_return, which would empty the member.
+        co_return QString(selection);
     }
 
     QCoro::Task<> pasteTransient(QString text, std::optional<QString> target,
