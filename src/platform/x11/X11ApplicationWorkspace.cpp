@@ -2,6 +2,7 @@
 
 #include "X11ErrorTrap.h"
 
+#include <QAbstractEventDispatcher>
 #include <X11/Xatom.h>
 #include <X11/Xutil.h>
 #include <unistd.h>
@@ -63,8 +64,21 @@ X11ApplicationWorkspace::X11ApplicationWorkspace(const QByteArray& displayName, 
     XSelectInput(display, m_root, PropertyChangeMask);
     XFlush(display);
     m_lastActive = activeWindow();
+    if (const std::optional<ClientWindow> client = describe(m_lastActive, m_lastActive)) {
+        m_lastActiveProcess = client->application.processIdentifier;
+    }
     m_notifier = new QSocketNotifier(ConnectionNumber(display), QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, &X11ApplicationWorkspace::readEvents);
+    // WORKAROUND: every round trip on this connection (the property reads of the lookups) may pull an
+    // activation event off the socket into Xlib's queue, where the socket notifier never sees it; such
+    // events are handled before the event loop goes to sleep.
+    if (QAbstractEventDispatcher* dispatcher = QAbstractEventDispatcher::instance(thread())) {
+        connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, [this] {
+            if (XEventsQueued(m_connection.get(), QueuedAlready) > 0) {
+                readEvents();
+            }
+        });
+    }
 }
 
 X11ApplicationWorkspace::~X11ApplicationWorkspace() = default;
@@ -84,11 +98,16 @@ void X11ApplicationWorkspace::readEvents()
         return;
     }
     const Window active = activeWindow();
-    if (active == 0 || active == m_lastActive) {
+    const std::optional<ClientWindow> client = active == 0 ? std::nullopt : describe(active, active);
+    // A window id of a process that ended may come back for a new one, so the process counts too. Focus on
+    // no window is a change as well, so the same window coming back afterwards is reported.
+    const qint32 process = client ? client->application.processIdentifier : 0;
+    if (active == m_lastActive && process == m_lastActiveProcess) {
         return;
     }
     m_lastActive = active;
-    if (const std::optional<ClientWindow> client = describe(active, active); client && m_handler) {
+    m_lastActiveProcess = process;
+    if (client && m_handler) {
         m_handler(client->application);
     }
 }

@@ -44,4 +44,5 @@ private:
     QSocketNotifier* m_notifier = nullptr;
     ActivationHandler m_handler;
     unsigned long m_lastActive = 0;
+    qint32 m_lastActiveProcess = 0;
 };

@@ -1,0 +1,135 @@
+#include "TestFieldProcess.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QTimer>
+
+using namespace std::chrono_literals;
+
+bool spinUntil(const std::function<bool()>& done, std::chrono::milliseconds guard)
+{
+    if (done()) {
+        return true;
+    }
+    QEventLoop loop;
+    QTimer check;
+    QObject::connect(&check, &QTimer::timeout, &loop, [&] {
+        if (done()) {
+            loop.quit();
+        }
+    });
+    QTimer::singleShot(guard, &loop, &QEventLoop::quit);
+    check.start(5);
+    loop.exec();
+    return done();
+}
+
+std::optional<QByteArray> runTool(const QString& program, const QStringList& arguments,
+                                  const QByteArray& input)
+{
+    QProcess process;
+    QByteArray output;
+    QObject::connect(&process, &QProcess::readyReadStandardOutput,
+                     [&] { output += process.readAllStandardOutput(); });
+    process.start(program, arguments);
+    if (!spinUntil([&] {
+            return process.state() == QProcess::Running || process.state() == QProcess::NotRunning;
+        })) {
+        return std::nullopt;
+    }
+    process.write(input);
+    process.closeWriteChannel();
+    if (!spinUntil([&] { return process.state() == QProcess::NotRunning; }, 10s)) {
+        process.kill();
+        process.waitForFinished(1000);
+        return std::nullopt;
+    }
+    output += process.readAllStandardOutput();
+    if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
+        return std::nullopt;
+    }
+    return output;
+}
+
+TestFieldProcess::~TestFieldProcess()
+{
+    if (m_process.state() != QProcess::NotRunning) {
+        m_process.kill();
+        m_process.waitForFinished(2000);
+    }
+}
+
+bool TestFieldProcess::start(const QString& windowClass, const QString& title, const QString& text,
+                             const QProcessEnvironment& environment)
+{
+    QObject::connect(&m_process, &QProcess::readyReadStandardOutput,
+                     [this] { m_output += m_process.readAllStandardOutput(); });
+    m_process.setProcessEnvironment(environment);
+    m_process.setProcessChannelMode(QProcess::SeparateChannels);
+    m_process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/mivora_test_textfield"),
+                    {QStringLiteral("--class"), windowClass, QStringLiteral("--title"), title,
+                     QStringLiteral("--text"), text});
+    return nextLine("ready").has_value();
+}
+
+qint32 TestFieldProcess::processIdentifier() const
+{
+    return qint32(m_process.processId());
+}
+
+std::optional<QByteArray> TestFieldProcess::nextLine(const QByteArray& prefix)
+{
+    // Lines of other kinds stay queued for their own readers.
+    std::optional<QByteArray> found;
+    spinUntil(
+        [&] {
+            qsizetype end = 0;
+            while ((end = m_output.indexOf('\n')) >= 0) {
+                m_lines.append(m_output.left(end));
+                m_output.remove(0, end + 1);
+            }
+            for (qsizetype i = 0; i < m_lines.size(); ++i) {
+                if (m_lines.at(i).startsWith(prefix)) {
+                    found = m_lines.takeAt(i).mid(prefix.size()).trimmed();
+                    return true;
+                }
+            }
+            return m_process.state() == QProcess::NotRunning;
+        },
+        10s);
+    return found;
+}
+
+std::optional<QString> TestFieldProcess::ask(const QByteArray& command)
+{
+    m_process.write(command + '\n');
+    const std::optional<QByteArray> answer = nextLine("text");
+    return answer ? std::optional(QString::fromUtf8(QByteArray::fromBase64(*answer))) : std::nullopt;
+}
+
+std::optional<QString> TestFieldProcess::text()
+{
+    return ask("text");
+}
+
+std::optional<QString> TestFieldProcess::selection()
+{
+    return ask("selection");
+}
+
+bool TestFieldProcess::setText(const QString& text)
+{
+    m_process.write("set " + text.toUtf8().toBase64() + '\n');
+    return nextLine("done").has_value();
+}
+
+std::optional<QString> TestFieldProcess::nextShortcut()
+{
+    const std::optional<QByteArray> line = nextLine("key ");
+    return line ? std::optional(QString::fromUtf8(*line)) : std::nullopt;
+}
+
+bool TestFieldProcess::waitForFocus()
+{
+    return spinUntil([&] { return ask("focus") == QStringLiteral("yes"); }, 10s);
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QByteArray>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <ostream>
+
+// Readable QString values in the test framework's messages.
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+// Runs the event loop until done() holds or the guard runs out, so this process keeps serving whatever
+// clipboard it owns while it waits; returns done().
+bool spinUntil(const std::function<bool()>& done, std::chrono::milliseconds guard = std::chrono::seconds(5));
+
+// Runs a command-line tool to its end without blocking the event loop; its standard output, or nullopt
+// when it failed to start, did not finish within the guard or exited with an error.
+std::optional<QByteArray> runTool(const QString& program, const QStringList& arguments,
+                                  const QByteArray& input = {});
+
+// One instance of the test text field application, driven over its standard input and output. It is
+// killed when this object goes.
+class TestFieldProcess {
+public:
+    TestFieldProcess() = default;
+    ~TestFieldProcess();
+    TestFieldProcess(const TestFieldProcess&) = delete;
+    TestFieldProcess& operator=(const TestFieldProcess&) = delete;
+
+    // Starts it with this WM_CLASS class, window title and text; true once its window is shown.
+    bool start(const QString& windowClass, const QString& title, const QString& text = {},
+               const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment());
+    qint32 processIdentifier() const;
+
+    // The field's text or selection, or nullopt when the application did not answer.
+    std::optional<QString> text();
+    std::optional<QString> selection();
+    bool setText(const QString& text);
+    // Waits until the field has the keyboard focus, so synthetic keys reach it.
+    bool waitForFocus();
+    // Waits for the application to report a key press with Control (lines "key ctrl A", "key shift ctrl C")
+    // and returns it without the "key " prefix.
+    std::optional<QString> nextShortcut();
+
+private:
+    std::optional<QByteArray> nextLine(const QByteArray& prefix);
+    std::optional<QString> ask(const QByteArray& command);
+
+    QProcess m_process;
+    QByteArray m_output;
+    QList<QByteArray> m_lines;
+};

@@ -1,0 +1,106 @@
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QSocketNotifier>
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+void reply(const QByteArray& line)
+{
+    std::fwrite(line.constData(), 1, size_t(line.size()), stdout);
+    std::fputc('\n', stdout);
+    std::fflush(stdout);
+}
+
+// Reports every key press that carries Control, as "key" and the modifiers and key names, so a test can
+// see which shortcut reached the focused window.
+class ShortcutReporter : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyPress) {
+            const auto* key = static_cast<QKeyEvent*>(event);
+            const bool modifierOnly = key->key() == Qt::Key_Shift || key->key() == Qt::Key_Control ||
+                                      key->key() == Qt::Key_Alt || key->key() == Qt::Key_Meta;
+            if (key->modifiers().testFlag(Qt::ControlModifier) && !modifierOnly && !key->isAutoRepeat()) {
+                QByteArray line = "key";
+                if (key->modifiers().testFlag(Qt::ShiftModifier)) {
+                    line += " shift";
+                }
+                line += " ctrl " + QKeySequence(key->key()).toString().toUtf8();
+                reply(line);
+            }
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+} // namespace
+
+// A window with one text field for the end-to-end tests. Prints "ready" once shown, then answers lines on
+// stdin: "text" and "selection" print the field's text or selection as "text <base64>", "focus" whether it
+// has the keyboard focus ("yes", "no"), "set <base64>" replaces the text, "quit" ends.
+int main(int argc, char** argv)
+{
+    QApplication app(argc, argv);
+    QCommandLineParser parser;
+    const QCommandLineOption windowClass(QStringLiteral("class"), QStringLiteral("WM_CLASS class"),
+                                         QStringLiteral("class"), QStringLiteral("MivoraTestField"));
+    const QCommandLineOption title(QStringLiteral("title"), QStringLiteral("Window title"),
+                                   QStringLiteral("title"), QStringLiteral("Mivora test field"));
+    const QCommandLineOption text(QStringLiteral("text"), QStringLiteral("Initial text"),
+                                  QStringLiteral("text"));
+    parser.addOptions({windowClass, title, text});
+    parser.process(app);
+    // Qt takes the class part of WM_CLASS from the application name when the window is created.
+    QCoreApplication::setApplicationName(parser.value(windowClass));
+
+    QLineEdit field;
+    field.setAccessibleName(QStringLiteral("Test field"));
+    field.setWindowTitle(parser.value(title));
+    field.setText(parser.value(text));
+    field.setMinimumWidth(400);
+    ShortcutReporter reporter;
+    field.installEventFilter(&reporter);
+    field.show();
+    field.activateWindow();
+
+    QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+    QObject::connect(&input, &QSocketNotifier::activated, &app, [&] {
+        char buffer[4096];
+        const ssize_t count = ::read(STDIN_FILENO, buffer, sizeof buffer);
+        if (count <= 0) {
+            QCoreApplication::quit();
+            return;
+        }
+        static QByteArray pending;
+        pending.append(buffer, count);
+        qsizetype end = 0;
+        while ((end = pending.indexOf('\n')) >= 0) {
+            const QByteArray line = pending.left(end).trimmed();
+            pending.remove(0, end + 1);
+            if (line == "text") {
+                reply("text " + field.text().toUtf8().toBase64());
+            } else if (line == "selection") {
+                reply("text " + field.selectedText().toUtf8().toBase64());
+            } else if (line == "focus") {
+                const bool focused = field.isActiveWindow() && field.hasFocus();
+                reply("text " + QByteArray(focused ? "yes" : "no").toBase64());
+            } else if (line.startsWith("set ")) {
+                field.setText(QString::fromUtf8(QByteArray::fromBase64(line.mid(4))));
+                reply("done");
+            } else if (line == "quit") {
+                QCoreApplication::quit();
+            }
+        }
+    });
+    QMetaObject::invokeMethod(
+        &app, [] { reply("ready"); }, Qt::QueuedConnection);
+    return app.exec();
+}

@@ -1,0 +1,162 @@
+#include "TestFieldProcess.h"
+#include "platform/x11/X11ApplicationWorkspace.h"
+#include "platform/x11/X11DisplayConnection.h"
+#include "platform/x11/X11ModifierKeyState.h"
+#include "platform/x11/X11SyntheticKeyboard.h"
+
+#include <gtest/gtest.h>
+
+// Last: Xlib's macros (None, Bool) break the test framework's headers.
+#include <X11/Xlib.h>
+#include <X11/extensions/XTest.h>
+
+namespace {
+
+constexpr quint16 keyA = 0;
+constexpr quint16 keyC = 8;
+constexpr quint16 keyReturn = 36;
+
+class X11ExchangeAdaptersTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(connection) << "needs an X server";
+        // Windows mapped before the window manager runs are never activated.
+        ASSERT_TRUE(spinUntil([] {
+            return runTool(QStringLiteral("wmctrl"), {QStringLiteral("-m")}).has_value();
+        })) << "needs an EWMH window manager";
+    }
+
+    bool waitForFront(qint32 processIdentifier)
+    {
+        return spinUntil([&] {
+            const std::optional<RunningApplication> front = workspace.frontmostApplication();
+            return front && front->processIdentifier == processIdentifier;
+        });
+    }
+
+    // Presses or releases a key as the user would, through the server's test extension.
+    void physicalKey(const char* name, bool down)
+    {
+        XTestFakeKeyEvent(connection.get(), XKeysymToKeycode(connection.get(), XStringToKeysym(name)),
+                          down ? True : False, CurrentTime);
+        XSync(connection.get(), False);
+    }
+
+    X11DisplayConnection connection;
+    X11ApplicationWorkspace workspace;
+};
+
+TEST_F(X11ExchangeAdaptersTest, WorkspaceDescribesTheFrontApplicationByItsWindowProperties)
+{
+    TestFieldProcess field;
+    ASSERT_TRUE(field.start(QStringLiteral("MivoraFieldOne"), QStringLiteral("Field one")));
+    ASSERT_TRUE(waitForFront(field.processIdentifier()));
+
+    const RunningApplication front = *workspace.frontmostApplication();
+    EXPECT_EQ(front.bundleIdentifier, QStringLiteral("MivoraFieldOne"));
+    EXPECT_EQ(front.name, QStringLiteral("Field one"));
+    EXPECT_TRUE(front.isActive);
+
+    EXPECT_EQ(workspace.application(QStringLiteral("MivoraFieldOne")), front);
+    EXPECT_EQ(workspace.application(field.processIdentifier()), front);
+    EXPECT_EQ(workspace.runningApplications(), QList<RunningApplication>{front});
+    EXPECT_FALSE(workspace.application(QStringLiteral("NoSuchClass")));
+    EXPECT_NE(workspace.currentProcessIdentifier(), field.processIdentifier());
+}
+
+TEST_F(X11ExchangeAdaptersTest, WorkspaceFollowsActivationsLiveAndActivatesThroughTheWindowManager)
+{
+    QList<RunningApplication> activations;
+    workspace.setActivationHandler(
+        [&](const RunningApplication& application) { activations.append(application); });
+    const auto lastActivated = [&] {
+        return activations.isEmpty() ? 0 : activations.last().processIdentifier;
+    };
+
+    TestFieldProcess one;
+    ASSERT_TRUE(one.start(QStringLiteral("MivoraFieldOne"), QStringLiteral("Field one")));
+    ASSERT_TRUE(spinUntil([&] { return lastActivated() == one.processIdentifier(); }));
+    TestFieldProcess two;
+    ASSERT_TRUE(two.start(QStringLiteral("MivoraFieldTwo"), QStringLiteral("Field two")));
+    ASSERT_TRUE(spinUntil([&] { return lastActivated() == two.processIdentifier(); }));
+    EXPECT_EQ(activations.last().bundleIdentifier, QStringLiteral("MivoraFieldTwo"));
+    EXPECT_TRUE(activations.last().isActive);
+
+    // Another program switches windows while this one keeps asking the server about them, as the focus
+    // tracking does; the change must still be reported.
+    ASSERT_TRUE(runTool(QStringLiteral("wmctrl"), {QStringLiteral("-a"), QStringLiteral("Field one")}));
+    EXPECT_TRUE(spinUntil([&] {
+        workspace.frontmostApplication();
+        return lastActivated() == one.processIdentifier();
+    }));
+
+    ASSERT_TRUE(workspace.activate(two.processIdentifier()));
+    EXPECT_TRUE(spinUntil([&] { return lastActivated() == two.processIdentifier(); }));
+    EXPECT_TRUE(waitForFront(two.processIdentifier()));
+
+    const QList<RunningApplication> running = workspace.runningApplications();
+    ASSERT_EQ(running.size(), 2);
+    for (const RunningApplication& application : running) {
+        EXPECT_EQ(application.isActive, application.processIdentifier == two.processIdentifier())
+            << application.bundleIdentifier.toStdString();
+    }
+    EXPECT_FALSE(workspace.activate(two.processIdentifier() + 100000));
+}
+
+TEST_F(X11ExchangeAdaptersTest, ShortcutsReachTheFocusedWindowWithControlAndShiftInTerminals)
+{
+    TestFieldProcess field;
+    ASSERT_TRUE(field.start(QStringLiteral("MivoraFieldOne"), QStringLiteral("Field one")));
+    ASSERT_TRUE(waitForFront(field.processIdentifier()));
+    ASSERT_TRUE(field.waitForFocus());
+    QString front = QStringLiteral("MivoraFieldOne");
+    X11SyntheticKeyboard keyboard(connection.get(), [&] { return front; });
+
+    ASSERT_TRUE(keyboard.pressShortcut(keyA));
+    ASSERT_TRUE(keyboard.releaseShortcut(keyA));
+    EXPECT_EQ(field.nextShortcut(), QStringLiteral("ctrl A"));
+    ASSERT_TRUE(keyboard.pressShortcut(keyC));
+    ASSERT_TRUE(keyboard.releaseShortcut(keyC));
+    EXPECT_EQ(field.nextShortcut(), QStringLiteral("ctrl C"));
+
+    // Seen as a terminal: copy takes Shift along, select-all does not.
+    front = QStringLiteral("XTerm");
+    ASSERT_TRUE(keyboard.pressShortcut(keyC));
+    ASSERT_TRUE(keyboard.releaseShortcut(keyC));
+    EXPECT_EQ(field.nextShortcut(), QStringLiteral("shift ctrl C"));
+    ASSERT_TRUE(keyboard.pressShortcut(keyA));
+    ASSERT_TRUE(keyboard.releaseShortcut(keyA));
+    EXPECT_EQ(field.nextShortcut(), QStringLiteral("ctrl A"));
+
+    EXPECT_FALSE(keyboard.pressShortcut(keyReturn));
+    EXPECT_FALSE(X11SyntheticKeyboard(nullptr, {}).pressShortcut(keyA));
+}
+
+TEST_F(X11ExchangeAdaptersTest, ModifierStateFollowsKeysHeldAndReleased)
+{
+    X11ModifierKeyState modifiers(connection.get());
+    EXPECT_FALSE(modifiers.isAnyModifierHeld());
+    for (const char* key : {"Shift_L", "Shift_R", "Control_L", "Control_R", "Alt_L", "Super_L"}) {
+        physicalKey(key, true);
+        EXPECT_TRUE(modifiers.isAnyModifierHeld()) << key;
+        physicalKey(key, false);
+        EXPECT_FALSE(modifiers.isAnyModifierHeld()) << key;
+    }
+    physicalKey("a", true);
+    EXPECT_FALSE(modifiers.isAnyModifierHeld());
+    physicalKey("a", false);
+
+    // A shortcut holds its modifier until it is released.
+    X11SyntheticKeyboard keyboard(connection.get(), {});
+    ASSERT_TRUE(keyboard.pressShortcut(keyC));
+    XSync(connection.get(), False);
+    EXPECT_TRUE(modifiers.isAnyModifierHeld());
+    ASSERT_TRUE(keyboard.releaseShortcut(keyC));
+    XSync(connection.get(), False);
+    EXPECT_FALSE(modifiers.isAnyModifierHeld());
+
+    EXPECT_FALSE(X11ModifierKeyState(nullptr).isAnyModifierHeld());
+}
+
+} // namespace
