@@ -2,12 +2,30 @@
 
 #include <memory>
 
+class AccessibilityTree;
+class ApplicationWorkspace;
+class GlobalHotkeyRegistrar;
 class InputSourceProvider;
+class LanguageRecognizer;
+class ModifierKeyState;
+class Pasteboard;
+class PermissionProbe;
+class ProcessRunner;
+class SyntheticKeyboard;
 class SystemSurfaceSignals;
+class Updater;
+class UrlOpener;
 
 // The implementations of the small platform interfaces for the platform this build is for. Each member is
-// non-null unless noted.
+// non-null unless noted. Members are destroyed in reverse order, so later ones may use earlier ones.
 struct PlatformServices {
+private:
+    // Platform-specific resources the services below share (a display connection, say); declared first so
+    // it outlives them.
+    struct Shared;
+    std::unique_ptr<Shared> m_shared;
+
+public:
     PlatformServices();
     PlatformServices(PlatformServices&&) noexcept;
     PlatformServices& operator=(PlatformServices&&) noexcept;
@@ -16,6 +34,18 @@ struct PlatformServices {
     std::unique_ptr<InputSourceProvider> inputSources;
     // Null where the platform has no translucency settings.
     std::unique_ptr<SystemSurfaceSignals> surfaceSignals;
+    std::unique_ptr<LanguageRecognizer> languageRecognizer;
+    std::unique_ptr<UrlOpener> urlOpener;
+    // Null where the platform has no updater framework; the update button then opens the download page.
+    std::unique_ptr<Updater> updater;
+    std::unique_ptr<Pasteboard> pasteboard;
+    std::unique_ptr<ApplicationWorkspace> workspace;
+    std::unique_ptr<AccessibilityTree> accessibility;
+    std::unique_ptr<SyntheticKeyboard> keyboard;
+    std::unique_ptr<ModifierKeyState> modifiers;
+    std::unique_ptr<PermissionProbe> permissions;
+    std::unique_ptr<ProcessRunner> processRunner;
+    std::unique_ptr<GlobalHotkeyRegistrar> hotkeyRegistrar;
 
     // Connects to the display server when there is one; without one, each service degrades to "nothing
     // available" rather than failing. GUI thread.

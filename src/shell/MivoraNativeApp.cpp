@@ -1,65 +1,87 @@
 #include "shell/MivoraNativeApp.h"
 
+#include "clipboard/ClipboardHistoryService.h"
 #include "core/EventLoopClock.h"
 #include "core/MivoraAppState.h"
-#include "core/MivoraError.h"
 #include "core/NativeSettingsStore.h"
 #include "core/QSettingsDefaultsStore.h"
-#include "core/TextActionService.h"
-#include "core/TextExchange.h"
+#include "exchange/AccessibilityTextReader.h"
+#include "exchange/FocusService.h"
+#include "exchange/PasteboardService.h"
+#include "exchange/PasteboardTextExchange.h"
+#include "exchange/PermissionController.h"
+#include "exchange/PermissionService.h"
+#include "hotkeys/HotkeyService.h"
+#include "net/DeploymentConfiguration.h"
+#include "platform/AccessibilityTree.h"
+#include "platform/ApplicationWorkspace.h"
+#include "platform/GlobalHotkeyRegistrar.h"
 #include "platform/InputSourceProvider.h"
+#include "platform/LanguageRecognizer.h"
+#include "platform/ModifierKeyState.h"
+#include "platform/Pasteboard.h"
+#include "platform/PermissionProbe.h"
+#include "platform/ProcessRunner.h"
+#include "platform/SyntheticKeyboard.h"
 #include "platform/SystemSurfaceSignals.h"
+#include "platform/Updater.h"
+#include "platform/UrlOpener.h"
+#include "shell/PendingPanelTargets.h"
+#include "shell/PendingWindowTargets.h"
 #include "text/KeyboardLayoutService.h"
+#include "text/MivoraCore.h"
+#include "text/NativeActionService.h"
+#include "updates/AppUpdateClient.h"
+#include "updates/AppUpdateManager.h"
 
+#include <QNetworkAccessManager>
 #include <QTextStream>
 
 namespace {
-
-// Until the selection exchange exists on this platform, every run that needs another application fails
-// with a clear text instead of pretending.
-class UnavailableTextExchange : public TextExchange {
-public:
-    QString selectedTextForLayout() override { return {}; }
-    QCoro::Task<QString> readSelectedTextTransient(bool, bool, PasteboardTiming) override
-    {
-        throw MivoraError(QStringLiteral("Reading the selection is not available on this system yet."));
-        co_return QString();
-    }
-    QCoro::Task<> pasteTransient(QString, std::optional<QString>, PasteboardTiming) override
-    {
-        throw MivoraError(
-            QStringLiteral("Pasting into other applications is not available on this system yet."));
-        co_return;
-    }
-    QCoro::Task<bool> replaceSelectedTextViaAccessibility(QString) override { co_return false; }
-};
-
-class NotPortedActionService : public TextActionService {
-public:
-    QCoro::Task<QString> run(QuickAction action, QString, QString, QList<PromptStyle>) override
-    {
-        throw MivoraError(QStringLiteral("Native Swift action is not ported yet: ") + action.id);
-        co_return QString();
-    }
-};
-
+const QString requestPermissionsOnLaunchKey = QStringLiteral("mivora.requestPermissionsOnLaunch");
 } // namespace
 
 MivoraNativeApp::MivoraNativeApp(QObject* parent)
     : QObject(parent), m_clock(std::make_unique<EventLoopClock>()),
       m_defaults(std::make_unique<QSettingsDefaultsStore>()),
       m_settingsStore(std::make_unique<NativeSettingsStore>(*m_defaults)),
-      m_platform(PlatformServices::create()),
-      m_keyboardLayout(std::make_unique<KeyboardLayoutService>(*m_platform.inputSources)),
-      m_actions(std::make_unique<NotPortedActionService>()),
-      m_exchange(std::make_unique<UnavailableTextExchange>())
+      m_platform(PlatformServices::create()), m_network(std::make_unique<QNetworkAccessManager>())
 {
+    m_keyboardLayout = std::make_unique<KeyboardLayoutService>(*m_platform.inputSources);
+    m_core = std::make_unique<MivoraCore>(*m_network, *m_defaults, *m_platform.languageRecognizer,
+                                          DeploymentConfiguration::forUser(*m_defaults));
+    m_clipboardHistory =
+        std::make_unique<ClipboardHistoryService>(*m_platform.pasteboard, *m_clock, *m_defaults);
+    m_focus = std::make_unique<FocusService>(*m_platform.workspace, *m_platform.accessibility);
+    m_reader =
+        std::make_unique<AccessibilityTextReader>(*m_focus, *m_platform.workspace, *m_platform.accessibility);
+    m_pasteboardService = std::make_unique<PasteboardService>(PasteboardService::Services{
+        *m_clock, *m_platform.pasteboard, *m_clipboardHistory, *m_focus, *m_reader, *m_platform.workspace,
+        *m_platform.keyboard, *m_platform.modifiers, *m_platform.permissions});
+    m_exchange = std::make_unique<PasteboardTextExchange>(*m_pasteboardService, *m_reader);
     m_appState = std::make_unique<MivoraAppState>(
-        MivoraAppState::Services{*m_clock, *m_settingsStore, *m_keyboardLayout, *m_actions, *m_exchange,
-                                 m_platform.surfaceSignals.get()});
+        MivoraAppState::Services{*m_clock, *m_settingsStore, *m_keyboardLayout, m_core->actions(),
+                                 *m_exchange, m_platform.surfaceSignals.get()});
+    m_appState->setClipboardHistory(m_clipboardHistory.get());
+    m_permissionService = std::make_unique<PermissionService>(*m_platform.processRunner);
+    m_permissions = std::make_unique<PermissionController>(*m_appState, *m_clock, *m_platform.permissions,
+                                                           *m_permissionService, *m_platform.urlOpener);
+    m_panels = std::make_unique<PendingPanelTargets>();
+    m_windows = std::make_unique<PendingWindowTargets>();
+    m_hotkeys = std::make_unique<HotkeyService>(
+        HotkeyService::Services{*m_platform.hotkeyRegistrar, *m_platform.workspace, *m_focus, *m_reader,
+                                *m_exchange, *m_panels, *m_windows});
+    m_updateManager = std::make_unique<AppUpdateManager>(
+        std::make_unique<AppUpdateClient>(*m_network, DeploymentConfiguration::forUser(*m_defaults),
+                                          *m_clock),
+        *m_defaults, *m_clock, *m_platform.urlOpener, m_platform.updater.get(), nullptr);
 }
 
-MivoraNativeApp::~MivoraNativeApp() = default;
+MivoraNativeApp::~MivoraNativeApp()
+{
+    // Release the global chords before the registrar's connection goes.
+    m_hotkeys->stop();
+}
 
 QCoro::Task<int> MivoraNativeApp::runCommand(QString action, QString text)
 {
@@ -78,5 +100,22 @@ QCoro::Task<int> MivoraNativeApp::runCommand(QString action, QString text)
 
 void MivoraNativeApp::start()
 {
+    // Until the status overlay exists, failures of the resident services are told on stderr.
+    connect(m_appState.get(), &MivoraAppState::statusChanged, this, [this] {
+        const ActionStatus& status = m_appState->status();
+        if (status.kind == ActionStatus::Kind::failed) {
+            QTextStream(stderr) << "MivoraAI: " << status.text << Qt::endl;
+        }
+    });
+
     m_appState->startSystemSurfaceObserver();
+    m_hotkeys->start(*m_appState);
+    m_clipboardHistory->attach(*m_appState);
+    m_updateManager->startAutomaticChecks([this] { return m_appState->settings(); });
+    m_permissions->refreshPermissions();
+    // A permission reset restarts the program; this key carries the request across that restart, once.
+    if (m_defaults->value(requestPermissionsOnLaunchKey).toBool()) {
+        m_defaults->remove(requestPermissionsOnLaunchKey);
+        m_permissions->requestPermissions();
+    }
 }

@@ -6,15 +6,27 @@
 #include <memory>
 #include <qcoro/qcorotask.h>
 
+class AccessibilityTextReader;
+class AppUpdateManager;
+class ClipboardHistoryService;
 class DefaultsStore;
 class EventLoopClock;
+class FocusService;
+class HotkeyService;
 class KeyboardLayoutService;
 class MivoraAppState;
+class MivoraCore;
 class NativeSettingsStore;
-class TextActionService;
-class TextExchange;
+class PasteboardService;
+class PasteboardTextExchange;
+class PendingPanelTargets;
+class PendingWindowTargets;
+class PermissionController;
+class PermissionService;
+class QNetworkAccessManager;
 
-// Owns the long-lived objects of the process and wires them together.
+// Owns the long-lived objects of the process, creates them in dependency order and starts the resident
+// services in their fixed order. GUI thread.
 class MivoraNativeApp : public QObject {
     Q_OBJECT
 public:
@@ -34,8 +46,19 @@ private:
     std::unique_ptr<DefaultsStore> m_defaults;
     std::unique_ptr<NativeSettingsStore> m_settingsStore;
     PlatformServices m_platform;
+    std::unique_ptr<QNetworkAccessManager> m_network;
     std::unique_ptr<KeyboardLayoutService> m_keyboardLayout;
-    std::unique_ptr<TextActionService> m_actions;
-    std::unique_ptr<TextExchange> m_exchange;
+    std::unique_ptr<MivoraCore> m_core;
+    std::unique_ptr<ClipboardHistoryService> m_clipboardHistory;
+    std::unique_ptr<FocusService> m_focus;
+    std::unique_ptr<AccessibilityTextReader> m_reader;
+    std::unique_ptr<PasteboardService> m_pasteboardService;
+    std::unique_ptr<PasteboardTextExchange> m_exchange;
     std::unique_ptr<MivoraAppState> m_appState;
+    std::unique_ptr<PermissionService> m_permissionService;
+    std::unique_ptr<PermissionController> m_permissions;
+    std::unique_ptr<PendingPanelTargets> m_panels;
+    std::unique_ptr<PendingWindowTargets> m_windows;
+    std::unique_ptr<HotkeyService> m_hotkeys;
+    std::unique_ptr<AppUpdateManager> m_updateManager;
 };

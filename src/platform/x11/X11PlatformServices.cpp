@@ -1,7 +1,35 @@
+#include "platform/AccessibilityTree.h"
+#include "platform/ApplicationWorkspace.h"
+#include "platform/GlobalHotkeyRegistrar.h"
 #include "platform/InputSourceProvider.h"
+#include "platform/LanguageRecognizer.h"
+#include "platform/ModifierKeyState.h"
+#include "platform/Pasteboard.h"
+#include "platform/PermissionProbe.h"
 #include "platform/PlatformServices.h"
+#include "platform/ProcessRunner.h"
+#include "platform/SyntheticKeyboard.h"
 #include "platform/SystemSurfaceSignals.h"
+#include "platform/Updater.h"
+#include "platform/UrlOpener.h"
+#include "platform/x11/DesktopUrlOpener.h"
+#include "platform/x11/QtProcessRunner.h"
+#include "platform/x11/TextcatLanguageRecognizer.h"
+#include "platform/x11/UnavailableAccessibilityTree.h"
+#include "platform/x11/X11ApplicationWorkspace.h"
+#include "platform/x11/X11DisplayConnection.h"
+#include "platform/x11/X11HotkeyRegistrar.h"
 #include "platform/x11/X11InputSources.h"
+#include "platform/x11/X11ModifierKeyState.h"
+#include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/X11PermissionProbe.h"
+#include "platform/x11/X11SyntheticKeyboard.h"
+
+struct PlatformServices::Shared {
+    // Synthetic keys, modifier state and grants share one connection; the services that follow events
+    // (clipboard, workspace, hotkeys) each keep their own so their queues never mix.
+    X11DisplayConnection display;
+};
 
 PlatformServices::PlatformServices() = default;
 PlatformServices::PlatformServices(PlatformServices&&) noexcept = default;
@@ -11,7 +39,24 @@ PlatformServices::~PlatformServices() = default;
 PlatformServices PlatformServices::create()
 {
     PlatformServices services;
+    services.m_shared = std::make_unique<Shared>();
+    Display* display = services.m_shared->display.get();
+
     services.inputSources = std::make_unique<X11InputSources>();
-    // X11 desktops have no system-wide wish for solid surfaces; panels stay translucent.
+    services.languageRecognizer = std::make_unique<TextcatLanguageRecognizer>();
+    services.urlOpener = std::make_unique<DesktopUrlOpener>();
+    services.pasteboard = std::make_unique<X11Pasteboard>();
+    auto workspace = std::make_unique<X11ApplicationWorkspace>();
+    ApplicationWorkspace* workspaceView = workspace.get();
+    services.workspace = std::move(workspace);
+    services.accessibility = std::make_unique<UnavailableAccessibilityTree>();
+    services.keyboard = std::make_unique<X11SyntheticKeyboard>(display, [workspaceView] {
+        const auto front = workspaceView->frontmostApplication();
+        return front ? front->bundleIdentifier : QString();
+    });
+    services.modifiers = std::make_unique<X11ModifierKeyState>(display);
+    services.permissions = std::make_unique<X11PermissionProbe>(display);
+    services.processRunner = std::make_unique<QtProcessRunner>();
+    services.hotkeyRegistrar = std::make_unique<X11HotkeyRegistrar>();
     return services;
 }
