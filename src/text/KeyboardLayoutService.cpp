@@ -230,9 +230,10 @@ KeyboardLayoutFixResult KeyboardLayoutService::convert(const QString& text, cons
                                                        const QString& nativeLayout)
 {
     // One decision for the whole text, never per word; a character that is a key of both maps counts twice.
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
     qsizetype latinHits = 0;
     qsizetype nativeHits = 0;
-    forEachCharacter(text, [&](QStringView character) {
+    forEachCharacter(text, finder, [&](QStringView character) {
         const CharacterMap::Key key(character);
         latinHits += latinToNative.find(key) ? 1 : 0;
         nativeHits += nativeToLatin.find(key) ? 1 : 0;
@@ -242,10 +243,12 @@ KeyboardLayoutFixResult KeyboardLayoutService::convert(const QString& text, cons
     const CharacterMap& map = toLatin ? nativeToLatin : latinToNative;
     QString converted;
     converted.reserve(text.size());
-    forEachCharacter(text, [&](QStringView character) {
+    forEachCharacter(text, finder, [&](QStringView character) {
         const QString* replacement = map.find(CharacterMap::Key(character));
         if (replacement)
             converted.append(*replacement);
+        else if (character.size() == 1)
+            converted.append(character.front());
         else
             converted.append(character);
     });

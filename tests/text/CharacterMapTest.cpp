@@ -30,6 +30,21 @@ TEST(CharacterMapTest, KeysMatchUnderCanonicalEquivalence)
     EXPECT_FALSE(map.contains(u"e"));
 }
 
+TEST(CharacterMapTest, MultiUnitKeysMatchWhetherOrNotTheyNeedComposing)
+{
+    CharacterMap map;
+    map.insert(u"👍🏽", u"thumb");
+    map.insert(u"1\uFE0F\u20E3", u"keycap");
+    map.insert(u"\uD558\u11AB", u"hangul");
+    EXPECT_EQ(*map.find(u"👍🏽"), u"thumb");
+    EXPECT_EQ(*map.find(u"1\uFE0F\u20E3"), u"keycap");
+    EXPECT_FALSE(map.contains(u"👍"));
+    // A Hangul syllable and a trailing jamo compose into one syllable, as do the three bare jamo.
+    EXPECT_EQ(*map.find(u"\uD55C"), u"hangul");
+    EXPECT_EQ(*map.find(u"\u1112\u1161\u11AB"), u"hangul");
+    EXPECT_FALSE(map.contains(u"\uD558"));
+}
+
 TEST(CharacterMapTest, LaterEquivalentKeyReplacesEarlierValue)
 {
     CharacterMap map;
