@@ -103,24 +103,15 @@ QString normalizeTranslationCompare(const QString& text)
 
 QString serverWritingStyle(const PromptStyle& style)
 {
-    static const QHash<QString, QString> words{
-        {QStringLiteral("friendly"), QStringLiteral("Friendly")},
-        {QStringLiteral("emoji"), QStringLiteral("Emoji")},
-        {QStringLiteral("polite"), QStringLiteral("Polite")},
-        {QStringLiteral("professional"), QStringLiteral("Professional")},
-        {QStringLiteral("short"), QStringLiteral("Short")},
-        {QStringLiteral("detailed"), QStringLiteral("Detailed")},
-        {QStringLiteral("humor"), QStringLiteral("Humor")},
-        {QStringLiteral("flirt"), QStringLiteral("Flirt")},
-        {QStringLiteral("romantic"), QStringLiteral("Romantic")},
-        {QStringLiteral("sexy"), QStringLiteral("Sexy")},
-        {QStringLiteral("formal"), QStringLiteral("Formal")},
-        {QStringLiteral("casual"), QStringLiteral("Casual")},
-        {QStringLiteral("support"), QStringLiteral("Support")},
-        {QStringLiteral("expert"), QStringLiteral("Expert")},
-        {QStringLiteral("social"), QStringLiteral("Social")},
-    };
-    return words.value(style.id, style.name.trimmed());
+    // Rewrite styles share the reply styles' vocabulary, except that fixing and translating have no word of
+    // their own: those, and custom styles, are told to the backend by name.
+    if (style.id != u"original" && style.id != u"translate") {
+        const QString word = AIReplyStyleLibrary::backendStyleName(AIReplyStyle{style.id, {}, {}, {}});
+        if (!word.isEmpty()) {
+            return word;
+        }
+    }
+    return style.name.trimmed();
 }
 
 QString replyUserInstruction(const AIReplyStyle& style)
