@@ -1,0 +1,167 @@
+#include "AwaitTask.h"
+#include "FakeClipboardCaptureControl.h"
+#include "TestFieldProcess.h"
+#include "core/EventLoopClock.h"
+#include "exchange/AccessibilityTextReader.h"
+#include "exchange/FocusService.h"
+#include "exchange/PasteboardService.h"
+#include "platform/x11/UnavailableAccessibilityTree.h"
+#include "platform/x11/X11ApplicationWorkspace.h"
+#include "platform/x11/X11DisplayConnection.h"
+#include "platform/x11/X11ModifierKeyState.h"
+#include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/X11PermissionProbe.h"
+#include "platform/x11/X11SyntheticKeyboard.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <gtest/gtest.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+QByteArray pngImage()
+{
+    QImage image(48, 32, QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            image.setPixel(x, y, qRgb(x * 5, y * 7, (x * y) % 256));
+        }
+    }
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return png;
+}
+
+PasteboardSnapshot plainText(const QString& text)
+{
+    return {{{{{QStringLiteral("UTF8_STRING"), text.toUtf8()}}}}};
+}
+
+// The paste, with a mark for its end, so a test can act while it still waits to restore the clipboard.
+QCoro::Task<> pasteAndMark(PasteboardService& service, QString text, bool& finished)
+{
+    co_await service.pasteTransient(std::move(text), std::nullopt, PasteboardTiming::standardTiming());
+    finished = true;
+}
+
+// The whole exchange over the real display: this process's clipboard, the window manager's activations and
+// synthetic keys into a separate application with a text field.
+class ExchangeEndToEndTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(display && pasteboard.isConnected()) << "needs an X server with XFixes and XTest";
+        ASSERT_TRUE(spinUntil([] {
+            return runTool(QStringLiteral("wmctrl"), {QStringLiteral("-m")}).has_value();
+        })) << "needs an EWMH window manager";
+    }
+
+    void TearDown() override { pasteboard.clear(); }
+
+    // Starts the field and waits until it is the remembered target and has the keyboard focus.
+    void startField(const QString& text)
+    {
+        ASSERT_TRUE(field.start(QStringLiteral("MivoraEndToEndField"), QStringLiteral("End to end"), text));
+        ASSERT_TRUE(
+            spinUntil([&] { return focus.rememberedProcessIdentifier() == field.processIdentifier(); }));
+        ASSERT_TRUE(field.waitForFocus());
+    }
+
+    // The clipboard as an independent client sees it; this process keeps serving it meanwhile.
+    std::optional<QByteArray> clipboard(const QString& type = QStringLiteral("UTF8_STRING"))
+    {
+        return runTool(QStringLiteral("xclip"), {QStringLiteral("-selection"), QStringLiteral("clipboard"),
+                                                 QStringLiteral("-o"), QStringLiteral("-t"), type});
+    }
+
+    X11DisplayConnection display;
+    EventLoopClock clock;
+    X11Pasteboard pasteboard;
+    FakeClipboardCaptureControl capture;
+    X11ApplicationWorkspace workspace;
+    UnavailableAccessibilityTree tree;
+    FocusService focus{workspace, tree};
+    AccessibilityTextReader reader{focus, workspace, tree};
+    X11SyntheticKeyboard keyboard{display.get(), [this] {
+                                      const std::optional<RunningApplication> front =
+                                          workspace.frontmostApplication();
+                                      return front ? front->bundleIdentifier : QString();
+                                  }};
+    X11ModifierKeyState modifiers{display.get()};
+    X11PermissionProbe permissions{display.get()};
+    PasteboardService service{
+        {clock, pasteboard, capture, focus, reader, workspace, keyboard, modifiers, permissions}};
+    TestFieldProcess field;
+};
+
+TEST_F(ExchangeEndToEndTest, ReadingTheSelectionCopiesItOutAndPutsEveryClipboardTypeBack)
+{
+    const PasteboardSnapshot original{{{{
+        {QStringLiteral("UTF8_STRING"), QByteArrayLiteral("before \xe2\x9c\x93")},
+        {QStringLiteral("text/html"), QByteArrayLiteral("<b>before</b>")},
+        {QStringLiteral("image/png"), pngImage()},
+    }}}};
+    pasteboard.restore(original);
+    startField(QStringLiteral("  selected words  "));
+
+    const QString text =
+        AwaitTask::run(service.readSelectedTextTransient(true, false, PasteboardTiming::standardTiming()));
+
+    EXPECT_EQ(text, QStringLiteral("  selected words  "));
+    EXPECT_EQ(field.selection(), QStringLiteral("  selected words  "));
+    EXPECT_EQ(capture.log, QStringList({QStringLiteral("suppress 3500"), QStringLiteral("finish")}));
+    const std::optional<QByteArray> targets = clipboard(QStringLiteral("TARGETS"));
+    ASSERT_TRUE(targets);
+    for (const SavedPasteboardValue& value : original.items.first().values) {
+        EXPECT_TRUE(targets->contains(value.type.toUtf8())) << value.type.toStdString();
+        EXPECT_EQ(clipboard(value.type), value.data) << value.type.toStdString();
+    }
+}
+
+TEST_F(ExchangeEndToEndTest, QuickReadOfAnEmptyFieldFailsWithTheClipboardUntouched)
+{
+    pasteboard.restore(plainText(QStringLiteral("kept")));
+    startField({});
+
+    EXPECT_THROW(
+        AwaitTask::run(service.readSelectedTextTransient(true, false, PasteboardTiming::quickTiming())),
+        PasteboardServiceError);
+    EXPECT_EQ(clipboard(), QByteArrayLiteral("kept"));
+}
+
+TEST_F(ExchangeEndToEndTest, PasteLandsInTheFieldAndTheClipboardComesBack)
+{
+    pasteboard.restore(plainText(QStringLiteral("kept")));
+    startField({});
+
+    AwaitTask::run(service.pasteTransient(QStringLiteral("pasted result"), std::nullopt,
+                                          PasteboardTiming::standardTiming()));
+
+    EXPECT_EQ(field.text(), QStringLiteral("pasted result"));
+    EXPECT_EQ(clipboard(), QByteArrayLiteral("kept"));
+    EXPECT_EQ(capture.log, QStringList({QStringLiteral("suppress 3500"), QStringLiteral("finish")}));
+}
+
+TEST_F(ExchangeEndToEndTest, CopyByAnotherClientWhileThePasteWaitsIsKept)
+{
+    pasteboard.restore(plainText(QStringLiteral("kept")));
+    startField({});
+
+    bool finished = false;
+    QCoro::Task<> paste = pasteAndMark(service, QStringLiteral("pasted result"), finished);
+    ASSERT_TRUE(spinUntil([&] { return field.text() == QStringLiteral("pasted result"); }));
+    ASSERT_TRUE(runTool(QStringLiteral("xclip"),
+                        {QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-i")},
+                        QByteArrayLiteral("copied meanwhile")));
+    ASSERT_TRUE(spinUntil([&] { return !pasteboard.ownsClipboard(); }));
+    EXPECT_FALSE(finished) << "the copy came after the restore, not during the wait";
+
+    AwaitTask::run(std::move(paste));
+    EXPECT_EQ(clipboard(), QByteArrayLiteral("copied meanwhile"));
+}
+
+} // namespace
