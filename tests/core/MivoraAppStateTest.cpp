@@ -1,14 +1,6 @@
-#include "core/MivoraAppState.h"
-
-#include "FakeInputSourceProvider.h"
-#include "FakeTextActionService.h"
-#include "FakeTextExchange.h"
-#include "MemoryDefaultsStore.h"
-#include "TestClock.h"
+#include "AppStateHarness.h"
 #include "core/ClipboardHistoryControl.h"
-#include "core/NativeSettingsStore.h"
 #include "platform/SystemSurfaceSignals.h"
-#include "text/KeyboardLayoutService.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +8,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-class AppStateTest : public ::testing::Test {
+class AppStateTest : public ::testing::Test, protected AppStateHarness {
 protected:
     AppStateTest()
     {
@@ -28,9 +20,7 @@ protected:
 
     void setLanguage(UiLanguage language)
     {
-        MivoraSettings s = state.settings();
-        s.uiLanguage = language;
-        state.setSettings(s);
+        configure([language](MivoraSettings& s) { s.uiLanguage = language; });
     }
 
     QStringList statusTexts() const
@@ -42,14 +32,6 @@ protected:
         return texts;
     }
 
-    TestClock clock;
-    MemoryDefaultsStore defaults;
-    NativeSettingsStore store{defaults};
-    FakeInputSourceProvider sources;
-    KeyboardLayoutService layout{sources};
-    FakeTextActionService backend{clock};
-    FakeTextExchange exchange{clock};
-    MivoraAppState state{{clock, store, layout, backend, exchange}};
     QList<ActionStatus> statuses;
     QList<long> statusTimes;
 };

@@ -1,21 +1,14 @@
 #include "hotkeys/HotkeyService.h"
 
+#include "AppStateHarness.h"
 #include "FakeAccessibilityTree.h"
 #include "FakeApplicationWorkspace.h"
 #include "FakeHotkeyRegistrar.h"
-#include "FakeInputSourceProvider.h"
-#include "FakeTextActionService.h"
-#include "FakeTextExchange.h"
-#include "MemoryDefaultsStore.h"
-#include "TestClock.h"
-#include "core/MivoraAppState.h"
-#include "core/NativeSettingsStore.h"
 #include "exchange/AccessibilityTextReader.h"
 #include "exchange/FocusService.h"
 #include "hotkeys/HotkeyPanelTargets.h"
 #include "hotkeys/HotkeyWindowTargets.h"
 #include "hotkeys/ParsedHotkey.h"
-#include "text/KeyboardLayoutService.h"
 
 #include <QCoreApplication>
 #include <gtest/gtest.h>
@@ -51,19 +44,12 @@ struct RecordingWindows : HotkeyWindowTargets {
     }
 };
 
-class HotkeyServiceTest : public ::testing::Test {
+class HotkeyServiceTest : public ::testing::Test, protected AppStateHarness {
 protected:
     void SetUp() override
     {
         workspace.addApplication(42, "org.example.chat");
         workspace.bringToFront(42);
-    }
-
-    void configure(const std::function<void(MivoraSettings&)>& edit)
-    {
-        MivoraSettings s = state.settings();
-        edit(s);
-        state.setSettings(s);
     }
 
     std::optional<quint32> idOf(Kind kind, const QString& payload = {}) const
@@ -83,14 +69,6 @@ protected:
         QCoreApplication::processEvents();
     }
 
-    TestClock clock;
-    MemoryDefaultsStore defaults;
-    NativeSettingsStore store{defaults};
-    FakeInputSourceProvider sources;
-    KeyboardLayoutService layout{sources};
-    FakeTextActionService backend{clock};
-    FakeTextExchange exchange{clock};
-    MivoraAppState state{{clock, store, layout, backend, exchange}};
     FakeApplicationWorkspace workspace;
     FakeAccessibilityTree tree;
     FocusService focus{workspace, tree};
