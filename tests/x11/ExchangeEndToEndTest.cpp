@@ -15,6 +15,7 @@
 
 #include <QBuffer>
 #include <QImage>
+#include <QProcess>
 #include <gtest/gtest.h>
 
 using namespace std::chrono_literals;
@@ -154,9 +155,13 @@ TEST_F(ExchangeEndToEndTest, CopyByAnotherClientWhileThePasteWaitsIsKept)
     bool finished = false;
     QCoro::Task<> paste = pasteAndMark(service, QStringLiteral("pasted result"), finished);
     ASSERT_TRUE(spinUntil([&] { return field.text() == QStringLiteral("pasted result"); }));
-    ASSERT_TRUE(runTool(QStringLiteral("xclip"),
-                        {QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-i")},
-                        QByteArrayLiteral("copied meanwhile")));
+    // In the foreground, so its end is this test's business: it serves the copy until the clipboard changes
+    // hands again.
+    QProcess copier;
+    copier.start(QStringLiteral("xclip"), {QStringLiteral("-quiet"), QStringLiteral("-selection"),
+                                           QStringLiteral("clipboard"), QStringLiteral("-i")});
+    copier.write(QByteArrayLiteral("copied meanwhile"));
+    copier.closeWriteChannel();
     ASSERT_TRUE(spinUntil([&] { return !pasteboard.ownsClipboard(); }));
     EXPECT_FALSE(finished) << "the copy came after the restore, not during the wait";
 

@@ -69,7 +69,16 @@ bool TestFieldProcess::start(const QString& windowClass, const QString& title, c
     m_process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/mivora_test_textfield"),
                     {QStringLiteral("--class"), windowClass, QStringLiteral("--title"), title,
                      QStringLiteral("--text"), text});
-    return nextLine("ready").has_value();
+    if (!nextLine("ready")) {
+        return false;
+    }
+    // WORKAROUND: the window manager's focus stealing prevention may leave a new window in the background
+    // after synthetic keys went to another window, so the window is activated as a user would.
+    return runTool(QStringLiteral("xdotool"),
+                   {QStringLiteral("search"), QStringLiteral("--sync"), QStringLiteral("--onlyvisible"),
+                    QStringLiteral("--pid"), QString::number(processIdentifier()),
+                    QStringLiteral("windowactivate")})
+        .has_value();
 }
 
 qint32 TestFieldProcess::processIdentifier() const

@@ -33,7 +33,7 @@ public:
     TestFieldProcess(const TestFieldProcess&) = delete;
     TestFieldProcess& operator=(const TestFieldProcess&) = delete;
 
-    // Starts it with this WM_CLASS class, window title and text; true once its window is shown.
+    // Starts it with this WM_CLASS class, window title and text; true once its window is shown and activated.
     bool start(const QString& windowClass, const QString& title, const QString& text = {},
                const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment());
     qint32 processIdentifier() const;
