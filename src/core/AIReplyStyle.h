@@ -2,7 +2,6 @@
 
 #include <QJsonObject>
 #include <QString>
-
 #include <optional>
 
 // A reply style of the assistant panel; custom ids start with "custom-reply-".

@@ -4,7 +4,6 @@
 #include <QList>
 #include <QString>
 #include <QUuid>
-
 #include <optional>
 
 // Which keyboard layout an application gets when it comes to the front.

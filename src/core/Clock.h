@@ -1,13 +1,13 @@
 #pragma once
 
 #include <QDateTime>
-
 #include <chrono>
 #include <coroutine>
 #include <functional>
 #include <memory>
 
-// Handle of a call scheduled on a Clock. Cancelling it, or destroying it, drops the call if it has not run yet.
+// Handle of a call scheduled on a Clock. Cancelling it, or destroying it, drops the call if it has not run
+// yet.
 class ClockTimer {
 public:
     struct State {

@@ -65,8 +65,8 @@ constexpr StyleTitle styleTitles[] = {
 
 MivoraAppState::MivoraAppState(Services services, QObject* parent)
     : QObject(parent), m_services(services), m_quickActions(QuickAction::defaultActions()),
-      m_promptStyles(MivoraPromptLibrary::builtInStyles()), m_aiReplyStyles(AIReplyStyleLibrary::builtInStyles()),
-      m_settings(services.settingsStore.load()),
+      m_promptStyles(MivoraPromptLibrary::builtInStyles()),
+      m_aiReplyStyles(AIReplyStyleLibrary::builtInStyles()), m_settings(services.settingsStore.load()),
       m_systemSurfaceMode(systemResolvedSurfaceMode(services.surfaceSignals))
 {
     copyDerivedFieldsFromSettings();
@@ -185,7 +185,8 @@ QString MivoraAppState::styleTitle(const PromptStyle& style) const
 
 void MivoraAppState::run(QuickAction action, bool pasteResult, bool updateSampleText)
 {
-    // The coroutine starts eagerly and runs its synchronous prefix now; dropping the task lets it finish alone.
+    // The coroutine starts eagerly and runs its synchronous prefix now; dropping the task lets it finish
+    // alone.
     runToEnd(std::move(action), pasteResult, updateSampleText);
 }
 
@@ -211,16 +212,16 @@ QCoro::Task<> MivoraAppState::runToEnd(QuickAction action, bool pasteResult, boo
             }
             const bool selectAll = m_settings.autoSelectAllBeforeAction && !isQuietCapable(action);
             if (!quietRun) {
-                input = co_await m_services.exchange.readSelectedTextTransient(selectAll, true,
-                                                                               PasteboardTiming::standardTiming());
+                input = co_await m_services.exchange.readSelectedTextTransient(
+                    selectAll, true, PasteboardTiming::standardTiming());
             } else {
                 const QString accessible = m_services.exchange.selectedTextForLayout();
                 if (!accessible.trimmed().isEmpty()) {
                     input = accessible;
                     readByAccessibility = true;
                 } else {
-                    input = co_await m_services.exchange.readSelectedTextTransient(selectAll, false,
-                                                                                   PasteboardTiming::quickTiming());
+                    input = co_await m_services.exchange.readSelectedTextTransient(
+                        selectAll, false, PasteboardTiming::quickTiming());
                 }
             }
             if (!self) {
@@ -279,7 +280,8 @@ QCoro::Task<> MivoraAppState::runToEnd(QuickAction action, bool pasteResult, boo
         }
         if (pasteResult) {
             publish(ActionStatus::running(localized(language(), "Pasting", "Вставляю")));
-            co_await m_services.exchange.pasteTransient(output, std::nullopt, PasteboardTiming::standardTiming());
+            co_await m_services.exchange.pasteTransient(output, std::nullopt,
+                                                        PasteboardTiming::standardTiming());
             if (!self) {
                 co_return;
             }
@@ -306,9 +308,10 @@ void MivoraAppState::addPromptStyle()
     MivoraSettings next = m_settings;
     next.promptStyles.append(PromptStyle{
         id, localized(language(), "New Style", "Новый стиль"),
-        localized(language(),
-                  "Rewrite the text in the requested style. Preserve the meaning and return only the final text.",
-                  "Перепиши текст в нужном стиле. Сохрани смысл и верни только готовый текст."),
+        localized(
+            language(),
+            "Rewrite the text in the requested style. Preserve the meaning and return only the final text.",
+            "Перепиши текст в нужном стиле. Сохрани смысл и верни только готовый текст."),
         QStringLiteral("Not assigned"), true});
     setSettings(next);
 
@@ -363,7 +366,8 @@ void MivoraAppState::addAIReplyStyle()
     next.aiReplyStyles.append(AIReplyStyle{
         QStringLiteral("custom-reply-") + freshIdSuffix(),
         localized(language(), "New Reply Style", "Новый стиль ответа"),
-        localized(language(), "Write a natural ready-to-send reply in the requested style. Return only the reply text.",
+        localized(language(),
+                  "Write a natural ready-to-send reply in the requested style. Return only the reply text.",
                   "Напиши естественный готовый ответ в нужном стиле. Верни только текст ответа."),
         QStringLiteral("Not assigned")});
     setSettings(next);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-
 #include <exception>
 
 // Base of every error that reaches the user as a failed status or inline panel text. Subclasses carry the
@@ -10,8 +9,7 @@ class MivoraError : public std::exception {
 public:
     explicit MivoraError(QString description)
         : m_description(std::move(description)), m_utf8(m_description.toUtf8())
-    {
-    }
+    {}
 
     const QString& errorDescription() const noexcept { return m_description; }
     const char* what() const noexcept override { return m_utf8.constData(); }

@@ -2,7 +2,6 @@
 
 #include <QJsonObject>
 #include <QString>
-
 #include <optional>
 
 // A rewrite style; built-ins come from MivoraPromptLibrary, custom ids start with "custom-".

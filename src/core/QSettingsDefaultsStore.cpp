@@ -2,13 +2,11 @@
 
 QSettingsDefaultsStore::QSettingsDefaultsStore(QObject* parent)
     : DefaultsStore(parent), m_settings(std::make_unique<QSettings>())
-{
-}
+{}
 
 QSettingsDefaultsStore::QSettingsDefaultsStore(const QString& iniPath, QObject* parent)
     : DefaultsStore(parent), m_settings(std::make_unique<QSettings>(iniPath, QSettings::IniFormat))
-{
-}
+{}
 
 QVariant QSettingsDefaultsStore::value(const QString& key) const
 {

@@ -3,7 +3,6 @@
 #include "core/DefaultsStore.h"
 
 #include <QSettings>
-
 #include <memory>
 
 // QSettings-backed store: the user defaults domain on macOS, the per-user config directory elsewhere.

@@ -3,7 +3,6 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
-
 #include <optional>
 
 // The string id of a runnable action: "ai", "translate", "clipboard", "layout" or "style:<style id>".

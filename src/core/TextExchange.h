@@ -3,9 +3,8 @@
 #include "core/PasteboardTiming.h"
 
 #include <QString>
-#include <qcoro/qcorotask.h>
-
 #include <optional>
+#include <qcoro/qcorotask.h>
 
 // How the action runner gets text out of the application the user works in and puts results back.
 class TextExchange {
@@ -16,7 +15,8 @@ public:
     virtual QString selectedTextForLayout() = 0;
     // Copies the selection out of the frontmost application, restoring the clipboard afterwards. GUI thread;
     // suspends. Throws MivoraError with the user-facing text.
-    virtual QCoro::Task<QString> readSelectedTextTransient(bool selectAllBeforeCopy, bool includeFocusedTextFallback,
+    virtual QCoro::Task<QString> readSelectedTextTransient(bool selectAllBeforeCopy,
+                                                           bool includeFocusedTextFallback,
                                                            PasteboardTiming timing) = 0;
     // Pastes text into the frontmost (or the given) application through the clipboard, restoring it after.
     // GUI thread; suspends. Throws MivoraError with the user-facing text.

@@ -35,9 +35,10 @@ QString outcomeLine(const ProcessResult& result, const QString& service, const Q
 
 const QStringList& PermissionService::mivoraBundleIds()
 {
-    static const QStringList identifiers{QStringLiteral("ai.mivora.native"), QStringLiteral("ai.mivora.desktop"),
-                                         QStringLiteral("com.olvek.mivora"), QStringLiteral("com.olvek.mivora.desktop"),
-                                         QStringLiteral("com.mivora.desktop")};
+    static const QStringList identifiers{
+        QStringLiteral("ai.mivora.native"), QStringLiteral("ai.mivora.desktop"),
+        QStringLiteral("com.olvek.mivora"), QStringLiteral("com.olvek.mivora.desktop"),
+        QStringLiteral("com.mivora.desktop")};
     return identifiers;
 }
 

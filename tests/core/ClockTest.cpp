@@ -4,9 +4,8 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QTimer>
-#include <qcoro/qcorotask.h>
-
 #include <gtest/gtest.h>
+#include <qcoro/qcorotask.h>
 
 using namespace std::chrono_literals;
 

@@ -1,5 +1,4 @@
 #include <QApplication>
-
 #include <gtest/gtest.h>
 
 // X11 tests talk to a real (private) X server and need a GUI application.
