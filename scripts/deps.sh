@@ -11,6 +11,7 @@ packages=(
     libxkbcommon-dev libxkbcommon-x11-dev
     libatspi2.0-dev libexttextcat-dev
     xvfb xauth openbox xclip xdotool wmctrl x11-xkb-utils
+    dbus at-spi2-core
 )
 
 missing=()

@@ -142,3 +142,9 @@ bool TestFieldProcess::waitForFocus()
 {
     return spinUntil([&] { return ask("focus") == QStringLiteral("yes"); }, 10s);
 }
+
+bool TestFieldProcess::select(int start, int length)
+{
+    m_process.write("select " + QByteArray::number(start) + ' ' + QByteArray::number(length) + '\n');
+    return nextLine("done").has_value();
+}

@@ -42,6 +42,7 @@ public:
     std::optional<QString> text();
     std::optional<QString> selection();
     bool setText(const QString& text);
+    bool select(int start, int length);
     // Waits until the field has the keyboard focus, so synthetic keys reach it.
     bool waitForFocus();
     // Waits for the application to report a key press with Control (lines "key ctrl A", "key shift ctrl C")

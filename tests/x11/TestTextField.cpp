@@ -45,7 +45,8 @@ protected:
 
 // A window with one text field for the end-to-end tests. Prints "ready" once shown, then answers lines on
 // stdin: "text" and "selection" print the field's text or selection as "text <base64>", "focus" whether it
-// has the keyboard focus ("yes", "no"), "set <base64>" replaces the text, "quit" ends.
+// has the keyboard focus ("yes", "no"), "set <base64>" replaces the text, "select <start> <length>" selects,
+// "quit" ends.
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
@@ -92,6 +93,10 @@ int main(int argc, char** argv)
             } else if (line == "focus") {
                 const bool focused = field.isActiveWindow() && field.hasFocus();
                 reply("text " + QByteArray(focused ? "yes" : "no").toBase64());
+            } else if (line.startsWith("select ")) {
+                const QList<QByteArray> range = line.split(' ');
+                field.setSelection(range.value(1).toInt(), range.value(2).toInt());
+                reply("done");
             } else if (line.startsWith("set ")) {
                 field.setText(QString::fromUtf8(QByteArray::fromBase64(line.mid(4))));
                 reply("done");

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/AccessibilityTree.h"
+
+#include <chrono>
+
+// Other applications' trees through AT-SPI 2 on the accessibility bus, with AT-SPI roles and states shown
+// under the attribute names the exchange asks for ("AXRole" gives "AXTextField", "AXTextArea",
+// "AXWebArea"...). Every D-Bus call is bounded by callTimeout. Where no accessibility bus answers at
+// construction, every read is empty and every write refused. GUI thread only.
+class AtspiAccessibilityTree : public AccessibilityTree {
+public:
+    static constexpr std::chrono::milliseconds defaultCallTimeout{500};
+
+    // Connects to the accessibility bus of the session (AT-SPI keeps one connection per process).
+    explicit AtspiAccessibilityTree(std::chrono::milliseconds callTimeout = defaultCallTimeout);
+
+    bool isAvailable() const { return m_available; }
+
+    AccessibilityElement applicationElement(qint32 processIdentifier) override;
+    std::optional<AccessibilityValue> attribute(const AccessibilityElement& element,
+                                                const QString& name) override;
+    QStringList attributeNames(const AccessibilityElement& element) override;
+    std::optional<bool> isAttributeSettable(const AccessibilityElement& element,
+                                            const QString& name) override;
+    bool setAttribute(const AccessibilityElement& element, const QString& name,
+                      const AccessibilityValue& value) override;
+    QStringList actionNames(const AccessibilityElement& element) override;
+    bool performAction(const AccessibilityElement& element, const QString& name) override;
+    // AT-SPI's collection search is not offered by every toolkit; empty, so callers walk the children.
+    QList<AccessibilityElement> searchTextFields(const AccessibilityElement& element, int limit) override;
+    bool isSameElement(const AccessibilityElement& first, const AccessibilityElement& second) override;
+
+    // The focused descendant of an application is searched among at most this many elements.
+    static constexpr int focusSearchLimit = 5000;
+
+private:
+    bool m_available = false;
+};

@@ -1,0 +1,163 @@
+#include "platform/x11/AtspiAccessibilityTree.h"
+
+#include "TestFieldProcess.h"
+#include "exchange/AccessibilityTextReader.h"
+#include "exchange/FocusService.h"
+#include "platform/x11/X11ApplicationWorkspace.h"
+
+#include <QStandardPaths>
+#include <gtest/gtest.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+// A private session bus for the whole suite: the accessibility bus launcher is started on it on demand, and
+// the test field registers there. AT-SPI keeps one connection per process, so the address is set before the
+// first tree exists.
+class AtspiAccessibilityTreeTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        if (QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty()) {
+            return;
+        }
+        sessionBus = new QProcess;
+        sessionBus->start(
+            QStringLiteral("dbus-daemon"),
+            {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
+        QByteArray address;
+        spinUntil(
+            [&] {
+                address += sessionBus->readAllStandardOutput();
+                return address.contains('\n') || sessionBus->state() == QProcess::NotRunning;
+            },
+            10s);
+        address = address.trimmed();
+        if (address.isEmpty()) {
+            return;
+        }
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        qunsetenv("AT_SPI_BUS_ADDRESS");
+        tree = new AtspiAccessibilityTree;
+    }
+
+    static void TearDownTestSuite()
+    {
+        delete tree;
+        tree = nullptr;
+        if (sessionBus != nullptr) {
+            sessionBus->kill();
+            sessionBus->waitForFinished(2000);
+            delete sessionBus;
+            sessionBus = nullptr;
+        }
+    }
+
+    void SetUp() override
+    {
+        if (tree == nullptr || !tree->isAvailable()) {
+            GTEST_SKIP() << "no session bus with the accessibility bus launcher";
+        }
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
+        ASSERT_TRUE(field.start(QStringLiteral("MivoraAtspiField"), QStringLiteral("Accessible field"),
+                                QStringLiteral("alpha beta gamma"), environment));
+        ASSERT_TRUE(field.waitForFocus());
+        // The field registers on the accessibility bus on its own time.
+        ASSERT_TRUE(spinUntil(
+            [&] {
+                application = tree->applicationElement(field.processIdentifier());
+                return application && focused();
+            },
+            15s))
+            << "the field never appeared on the accessibility bus";
+    }
+
+    AccessibilityElement focused()
+    {
+        const std::optional<AccessibilityValue> value =
+            tree->attribute(application, QStringLiteral("AXFocusedUIElement"));
+        return value && std::holds_alternative<AccessibilityElement>(*value)
+                   ? std::get<AccessibilityElement>(*value)
+                   : AccessibilityElement();
+    }
+
+    std::optional<QString> text(const AccessibilityElement& element, const QString& name)
+    {
+        const std::optional<AccessibilityValue> value = tree->attribute(element, name);
+        return value && std::holds_alternative<QString>(*value) ? std::optional(std::get<QString>(*value))
+                                                                : std::nullopt;
+    }
+
+    static inline QProcess* sessionBus = nullptr;
+    static inline AtspiAccessibilityTree* tree = nullptr;
+    TestFieldProcess field;
+    AccessibilityElement application;
+};
+
+TEST_F(AtspiAccessibilityTreeTest, FocusedFieldShowsItsTextSelectionAndPlaceInTheTree)
+{
+    ASSERT_TRUE(field.select(6, 4));
+    const AccessibilityElement element = focused();
+    EXPECT_EQ(text(element, QStringLiteral("AXRole")), QStringLiteral("AXTextField"));
+    EXPECT_EQ(text(element, QStringLiteral("AXValue")), QStringLiteral("alpha beta gamma"));
+    EXPECT_EQ(text(element, QStringLiteral("AXSelectedText")), QStringLiteral("beta"));
+    const std::optional<AccessibilityValue> count =
+        tree->attribute(element, QStringLiteral("AXNumberOfCharacters"));
+    ASSERT_TRUE(count && std::holds_alternative<double>(*count));
+    EXPECT_EQ(std::get<double>(*count), 16.0);
+    EXPECT_EQ(tree->attribute(element, QStringLiteral("AXFocused")), std::optional<AccessibilityValue>(true));
+    EXPECT_TRUE(tree->attributeNames(element).contains(QStringLiteral("AXSelectedText")));
+    EXPECT_EQ(tree->isAttributeSettable(element, QStringLiteral("AXSelectedText")), true);
+    EXPECT_TRUE(tree->isSameElement(element, focused()));
+    EXPECT_FALSE(tree->isSameElement(element, application));
+
+    const std::optional<AccessibilityValue> size = tree->attribute(element, QStringLiteral("AXSize"));
+    ASSERT_TRUE(size && std::holds_alternative<QSizeF>(*size));
+    EXPECT_GE(std::get<QSizeF>(*size).width(), 400.0);
+    EXPECT_TRUE(tree->attribute(element, QStringLiteral("AXPosition")));
+
+    // Up to the application (the field is its own window here), whose parent is no element.
+    QStringList roles;
+    AccessibilityElement current = element;
+    for (int step = 0; current && step < 16; ++step) {
+        roles.append(text(current, QStringLiteral("AXRole")).value_or(QString()));
+        const std::optional<AccessibilityValue> up = tree->attribute(current, QStringLiteral("AXParent"));
+        current = up ? std::get<AccessibilityElement>(*up) : AccessibilityElement();
+    }
+    EXPECT_TRUE(current.isNull());
+    EXPECT_EQ(roles, QStringList({QStringLiteral("AXTextField"), QStringLiteral("AXApplication")}));
+
+    const std::optional<AccessibilityValue> windows =
+        tree->attribute(application, QStringLiteral("AXChildren"));
+    ASSERT_TRUE(windows && std::holds_alternative<QList<AccessibilityElement>>(*windows));
+    EXPECT_FALSE(std::get<QList<AccessibilityElement>>(*windows).isEmpty());
+    EXPECT_FALSE(tree->applicationElement(field.processIdentifier() + 100000));
+}
+
+TEST_F(AtspiAccessibilityTreeTest, ReaderReadsAndReplacesTheSelectionOfTheRememberedApplication)
+{
+    X11ApplicationWorkspace workspace;
+    FocusService focus(workspace, *tree);
+    AccessibilityTextReader reader(focus, workspace, *tree);
+    const std::optional<RunningApplication> front = workspace.application(field.processIdentifier());
+    ASSERT_TRUE(front);
+    focus.remember(*front);
+
+    ASSERT_TRUE(field.select(0, 5));
+    EXPECT_EQ(reader.selectedText(), QStringLiteral("alpha"));
+    EXPECT_EQ(reader.selectedTextForLayout(), QStringLiteral("alpha"));
+    EXPECT_EQ(reader.focusedText(), QStringLiteral("alpha"));
+
+    EXPECT_TRUE(reader.replaceSelectedText(QStringLiteral("omega")));
+    EXPECT_EQ(field.text(), QStringLiteral("omega beta gamma"));
+
+    // Nothing selected: the text goes in at the caret, and the selection reads as empty.
+    ASSERT_TRUE(field.select(16, 0));
+    EXPECT_EQ(reader.selectedText(), QString());
+    EXPECT_TRUE(reader.replaceSelectedText(QStringLiteral("!")));
+    EXPECT_EQ(field.text(), QStringLiteral("omega beta gamma!"));
+}
+
+} // namespace
