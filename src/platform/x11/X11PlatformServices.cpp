@@ -12,6 +12,7 @@
 #include "platform/SystemSurfaceSignals.h"
 #include "platform/Updater.h"
 #include "platform/UrlOpener.h"
+#include "platform/x11/AtspiAccessibilityTree.h"
 #include "platform/x11/DesktopUrlOpener.h"
 #include "platform/x11/QtProcessRunner.h"
 #include "platform/x11/TextcatLanguageRecognizer.h"
@@ -49,7 +50,13 @@ PlatformServices PlatformServices::create()
     auto workspace = std::make_unique<X11ApplicationWorkspace>();
     ApplicationWorkspace* workspaceView = workspace.get();
     services.workspace = std::move(workspace);
-    services.accessibility = std::make_unique<UnavailableAccessibilityTree>();
+    // Without an accessibility bus every accessible read is empty and the clipboard route serves alone.
+    auto accessibility = std::make_unique<AtspiAccessibilityTree>();
+    if (accessibility->isAvailable()) {
+        services.accessibility = std::move(accessibility);
+    } else {
+        services.accessibility = std::make_unique<UnavailableAccessibilityTree>();
+    }
     services.keyboard = std::make_unique<X11SyntheticKeyboard>(display, [workspaceView] {
         const auto front = workspaceView->frontmostApplication();
         return front ? front->bundleIdentifier : QString();
