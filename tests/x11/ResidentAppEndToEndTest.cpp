@@ -1,0 +1,167 @@
+#include "ResidentAppProcess.h"
+#include "ScriptedHttpServer.h"
+#include "TestFieldProcess.h"
+#include "X11TestClient.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHash>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMimeData>
+#include <gtest/gtest.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString fieldClass = QStringLiteral("MivoraE2EField");
+const QByteArray customType = "application/x-mivora-e2e";
+
+// What the user had copied before pressing a hotkey: several types, non-Latin text, surrounding blanks.
+const QByteArray userText = "  \xD0\x81\xD0\xB6\xD0\xB8\xD0\xBA \xC2\xB7 clipboard \xE2\x9C\x93\n";
+const QByteArray userHtml = "<b>\xD0\x81\xD0\xB6\xD0\xB8\xD0\xBA</b>";
+const QByteArray userCustom = QByteArray("\x00\x01\xFFraw", 6);
+
+class ResidentAppEndToEndTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(keyboard.isConnected()) << "needs an X server";
+        // Windows mapped before the window manager runs are never activated.
+        ASSERT_TRUE(spinUntil([] {
+            return runTool(QStringLiteral("wmctrl"), {QStringLiteral("-m")}).has_value();
+        })) << "needs an EWMH window manager";
+        // Two groups, so the layout switch after a fix has somewhere to go; this also puts back the first.
+        ASSERT_TRUE(
+            runTool(QStringLiteral("setxkbmap"), {QStringLiteral("-layout"), QStringLiteral("us,ru")}));
+    }
+
+    // Shows the field with the text, focused and wholly selected, as the user leaves it before a hotkey.
+    void showSelectedField(const QString& text)
+    {
+        ASSERT_TRUE(field.start(fieldClass, QStringLiteral("End-to-end field"), text));
+        ASSERT_TRUE(field.waitForFocus());
+        keyboard.type({QStringLiteral("Control_L"), QStringLiteral("a")});
+        ASSERT_TRUE(spinUntil([&] { return field.selection() == text; }, 10s));
+    }
+
+    // This process owns the clipboard from here on and serves it as long as the event loop runs; what the
+    // server hands out for each type is noted, as the bytes the app must give back.
+    void copyAsTheUser()
+    {
+        auto* data = new QMimeData;
+        data->setText(QString::fromUtf8(userText));
+        data->setHtml(QString::fromUtf8(userHtml));
+        data->setData(QString::fromLatin1(customType), userCustom);
+        QGuiApplication::clipboard()->setMimeData(data);
+        for (const QByteArray& type : {QByteArray("UTF8_STRING"), QByteArray("text/html"), customType}) {
+            const std::optional<QByteArray> bytes = clipboardBytes(type);
+            ASSERT_TRUE(bytes) << type.toStdString();
+            userClipboard.insert(type, *bytes);
+        }
+        ASSERT_EQ(userClipboard.value("UTF8_STRING"), userText);
+    }
+
+    static std::optional<QByteArray> clipboardBytes(const QByteArray& type)
+    {
+        return runTool(QStringLiteral("xclip"),
+                       {QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-o"),
+                        QStringLiteral("-t"), QString::fromLatin1(type)});
+    }
+
+    // Polls, since the app puts the clipboard back only after its paste has had time to land.
+    void expectUserClipboardBack()
+    {
+        EXPECT_TRUE(spinUntil([&] { return clipboardBytes("UTF8_STRING") == userText; }, 10s))
+            << "clipboard holds " << clipboardBytes("UTF8_STRING").value_or("nothing").toStdString();
+        for (auto it = userClipboard.cbegin(); it != userClipboard.cend(); ++it) {
+            EXPECT_EQ(clipboardBytes(it.key()), it.value()) << it.key().toStdString();
+        }
+    }
+
+    bool waitForFieldText(const QString& text)
+    {
+        return spinUntil([&] { return field.text() == text; }, 10s);
+    }
+
+    X11TestClient keyboard;
+    ResidentAppProcess app{QStringLiteral(MIVORA_BINARY)};
+    TestFieldProcess field;
+    QHash<QByteArray, QByteArray> userClipboard;
+};
+
+TEST_F(ResidentAppEndToEndTest, LayoutHotkeyFixesTheSelectionInPlaceAndGivesTheClipboardBack)
+{
+    ASSERT_TRUE(app.start());
+    ASSERT_TRUE(app.waitForHotkeys()) << app.standardError().toStdString();
+    showSelectedField(QStringLiteral("ghbdtn"));
+    copyAsTheUser();
+
+    keyboard.type({QStringLiteral("Alt_L"), QStringLiteral("a")});
+
+    EXPECT_TRUE(waitForFieldText(QStringLiteral("привет"))) << field.text().value_or(QString()).toStdString();
+    expectUserClipboardBack();
+    EXPECT_TRUE(app.isRunning());
+    EXPECT_FALSE(app.standardError().contains(QStringLiteral("MivoraAI: ")))
+        << app.standardError().toStdString();
+}
+
+TEST_F(ResidentAppEndToEndTest, StyleHotkeyRewritesTheSelectionThroughTheBackend)
+{
+    ScriptedHttpServer backend;
+    backend.enqueue(ScriptedHttpServer::Reply::json(200, R"({"result":"Hello friend!"})"));
+    app.setSetting(QStringLiteral("mivora.backend.baseURL"), backend.baseUrl());
+    app.setSetting(QStringLiteral("mivora.backend.token"), QStringLiteral("e2e-token"));
+    ASSERT_TRUE(app.start());
+    ASSERT_TRUE(app.waitForHotkeys()) << app.standardError().toStdString();
+    showSelectedField(QStringLiteral("hey you, send me the file"));
+    copyAsTheUser();
+
+    keyboard.type({QStringLiteral("Alt_L"), QStringLiteral("2")});
+
+    EXPECT_TRUE(waitForFieldText(QStringLiteral("Hello friend!")))
+        << field.text().value_or(QString()).toStdString();
+    ASSERT_EQ(backend.requests().size(), 1);
+    const ScriptedHttpServer::Request& request = backend.requests().first();
+    EXPECT_EQ(request.method, "POST");
+    EXPECT_EQ(request.path, QStringLiteral("/macos/ai"));
+    EXPECT_EQ(request.headers.value("authorization"), "Bearer e2e-token");
+    const QJsonObject body = QJsonDocument::fromJson(request.body).object();
+    EXPECT_EQ(body.value(QStringLiteral("text")).toString(), QStringLiteral("hey you, send me the file"));
+    EXPECT_EQ(body.value(QStringLiteral("action")).toString(), QStringLiteral("style_rewrite"));
+    EXPECT_EQ(body.value(QStringLiteral("writingStyle")).toString(), QStringLiteral("Friendly"));
+    EXPECT_EQ(body.value(QStringLiteral("styleId")).toString(), QStringLiteral("Friendly"));
+    expectUserClipboardBack();
+}
+
+TEST_F(ResidentAppEndToEndTest, InvalidHotkeyIsReportedAndTheAppKeepsRunningUntilTerminated)
+{
+    app.setSetting(QStringLiteral("mivora.layoutHotkey"), QStringLiteral("Alt+Nope"));
+    ASSERT_TRUE(app.start());
+
+    EXPECT_TRUE(app.waitForStandardError(QStringLiteral("MivoraAI: Invalid hotkey: Alt+Nope\n")))
+        << app.standardError().toStdString();
+    EXPECT_FALSE(spinUntil([&] { return !app.isRunning(); }, 1s));
+    EXPECT_EQ(app.terminate(), 0);
+}
+
+TEST_F(ResidentAppEndToEndTest, SecondInstanceRefusesToStartWhileTheFirstRuns)
+{
+    ASSERT_TRUE(app.start());
+    ASSERT_TRUE(app.waitForHotkeys()) << app.standardError().toStdString();
+
+    QProcess second;
+    second.setProcessEnvironment(app.environment());
+    second.start(QStringLiteral(MIVORA_BINARY), {});
+    ASSERT_TRUE(spinUntil([&] { return second.state() == QProcess::NotRunning; }, 10s));
+    EXPECT_EQ(second.exitStatus(), QProcess::NormalExit);
+    EXPECT_NE(second.exitCode(), 0);
+    EXPECT_TRUE(QString::fromUtf8(second.readAllStandardError())
+                    .contains(QStringLiteral("MivoraAI is already running.")));
+
+    EXPECT_TRUE(app.isRunning());
+    EXPECT_EQ(app.terminate(), 0);
+}
+
+} // namespace

@@ -1,0 +1,117 @@
+#include "ResidentAppProcess.h"
+
+#include "TestFieldProcess.h"
+#include "X11TestClient.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+#include <csignal>
+
+namespace {
+const QString probeHotkey = QStringLiteral("Control+Alt+Shift+F11");
+} // namespace
+
+ResidentAppProcess::ResidentAppProcess(QString program) : m_program(std::move(program))
+{
+    for (const char* directory : {"config", "data", "runtime", "home"}) {
+        QDir(m_home.path()).mkpath(QString::fromLatin1(directory));
+    }
+    // Qt refuses a runtime directory that others may read.
+    QFile::setPermissions(m_home.filePath(QStringLiteral("runtime")),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    setSetting(QStringLiteral("mivora.updates.automaticChecksEnabled"), false);
+    setSetting(QStringLiteral("mivora.quickMenuHotkey"), probeHotkey);
+    QObject::connect(&m_process, &QProcess::readyReadStandardError,
+                     [this] { m_standardError += m_process.readAllStandardError(); });
+}
+
+ResidentAppProcess::~ResidentAppProcess()
+{
+    if (m_process.state() != QProcess::NotRunning) {
+        m_process.kill();
+        m_process.waitForFinished(2000);
+    }
+}
+
+void ResidentAppProcess::setSetting(const QString& key, const QVariant& value)
+{
+    QSettings settings(m_home.filePath(QStringLiteral("config/MivoraAI/mivora.conf")), QSettings::IniFormat);
+    settings.setValue(key, value);
+}
+
+QProcessEnvironment ResidentAppProcess::environment() const
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_home.filePath(QStringLiteral("config")));
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), m_home.filePath(QStringLiteral("data")));
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_home.filePath(QStringLiteral("runtime")));
+    environment.insert(QStringLiteral("HOME"), m_home.filePath(QStringLiteral("home")));
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    return environment;
+}
+
+bool ResidentAppProcess::start()
+{
+    if (!m_home.isValid()) {
+        return false;
+    }
+    m_process.setProcessEnvironment(environment());
+    m_process.setProcessChannelMode(QProcess::SeparateChannels);
+    m_process.start(m_program, {});
+    return spinUntil([&] { return m_process.state() != QProcess::Starting; }) &&
+           m_process.state() == QProcess::Running;
+}
+
+bool ResidentAppProcess::waitForHotkeys(std::chrono::milliseconds guard)
+{
+    // The quick menu chord is the last one of the registration pass, so once a rival cannot grab it, all
+    // the others are held too. Should the probe's own short grab ever meet the app's attempt, only that
+    // chord fails, with a message, and everything registered before it stays.
+    X11TestClient rival;
+    const HotkeyModifiers modifiers =
+        HotkeyModifier::Control | HotkeyModifier::Option | HotkeyModifier::Shift;
+    return spinUntil(
+               [&] {
+                   if (!isRunning() ||
+                       standardError().contains(QStringLiteral("Could not register ") + probeHotkey)) {
+                       return true;
+                   }
+                   if (rival.grab(QStringLiteral("F11"), modifiers) == X11TestClient::badAccess) {
+                       return true;
+                   }
+                   rival.ungrabAll();
+                   return false;
+               },
+               guard) &&
+           isRunning();
+}
+
+bool ResidentAppProcess::waitForStandardError(const QString& text, std::chrono::milliseconds guard)
+{
+    return spinUntil([&] { return standardError().contains(text); }, guard);
+}
+
+QString ResidentAppProcess::standardError()
+{
+    m_standardError += m_process.readAllStandardError();
+    return QString::fromUtf8(m_standardError);
+}
+
+bool ResidentAppProcess::isRunning() const
+{
+    return m_process.state() == QProcess::Running;
+}
+
+std::optional<int> ResidentAppProcess::terminate(std::chrono::milliseconds guard)
+{
+    if (!isRunning()) {
+        return std::nullopt;
+    }
+    ::kill(pid_t(m_process.processId()), SIGTERM);
+    if (!spinUntil([&] { return m_process.state() == QProcess::NotRunning; }, guard) ||
+        m_process.exitStatus() != QProcess::NormalExit) {
+        return std::nullopt;
+    }
+    return m_process.exitCode();
+}
