@@ -1,6 +1,7 @@
 #include "X11DisplayConnection.h"
 
 #include <X11/Xlib.h>
+#include <X11/extensions/XTest.h>
 
 void X11DisplayConnection::Closer::operator()(Display* display) const
 {
@@ -10,3 +11,12 @@ void X11DisplayConnection::Closer::operator()(Display* display) const
 X11DisplayConnection::X11DisplayConnection(const QByteArray& name)
     : m_display(XOpenDisplay(name.isEmpty() ? nullptr : name.constData()))
 {}
+
+bool X11DisplayConnection::hasXTest(Display* display)
+{
+    int eventBase = 0;
+    int errorBase = 0;
+    int major = 0;
+    int minor = 0;
+    return display != nullptr && XTestQueryExtension(display, &eventBase, &errorBase, &major, &minor);
+}

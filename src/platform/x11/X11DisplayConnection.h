@@ -13,6 +13,9 @@ public:
     explicit X11DisplayConnection(const QByteArray& name = {});
 
     Display* get() const { return m_display.get(); }
+    // Whether the server offers XTest, which synthetic keys and the input grant both rest on. False for
+    // a null display.
+    static bool hasXTest(Display* display);
     explicit operator bool() const { return m_display != nullptr; }
 
 private:

@@ -1,5 +1,7 @@
 #include "X11SyntheticKeyboard.h"
 
+#include "X11DisplayConnection.h"
+
 #include <QHash>
 #include <QStringList>
 #include <X11/Xlib.h>
@@ -7,15 +9,9 @@
 #include <X11/keysym.h>
 
 X11SyntheticKeyboard::X11SyntheticKeyboard(Display* display, std::function<QString()> frontIdentifier)
-    : m_display(display), m_frontIdentifier(std::move(frontIdentifier))
-{
-    int eventBase = 0;
-    int errorBase = 0;
-    int major = 0;
-    int minor = 0;
-    m_hasXTest =
-        m_display != nullptr && XTestQueryExtension(m_display, &eventBase, &errorBase, &major, &minor);
-}
+    : m_display(display), m_frontIdentifier(std::move(frontIdentifier)),
+      m_hasXTest(X11DisplayConnection::hasXTest(display))
+{}
 
 bool X11SyntheticKeyboard::isTerminal(const QString& windowClass)
 {
