@@ -1,18 +1,7 @@
 #include "AwaitTask.h"
 #include "TestFieldProcess.h"
-#include "core/ClipboardCaptureControl.h"
-#include "core/EventLoopClock.h"
+#include "X11ExchangeStack.h"
 #include "core/PasteboardTiming.h"
-#include "exchange/AccessibilityTextReader.h"
-#include "exchange/FocusService.h"
-#include "exchange/PasteboardService.h"
-#include "platform/x11/UnavailableAccessibilityTree.h"
-#include "platform/x11/X11ApplicationWorkspace.h"
-#include "platform/x11/X11DisplayConnection.h"
-#include "platform/x11/X11ModifierKeyState.h"
-#include "platform/x11/X11Pasteboard.h"
-#include "platform/x11/X11PermissionProbe.h"
-#include "platform/x11/X11SyntheticKeyboard.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -28,13 +17,6 @@ namespace {
 
 // Every synthetic shortcut is held this long between its press and its release (sendShortcut).
 constexpr int shortcutHold = 20;
-
-// The history's capture suppression is not what is measured here.
-class NoCaptureControl : public ClipboardCaptureControl {
-public:
-    void suppressCapture(Clock::Duration) override {}
-    void finishTransientPasteboardUse() override {}
-};
 
 struct Floor {
     int milliseconds = 0;
@@ -93,11 +75,11 @@ const QString pastedText = QStringLiteral("pasted result");
 
 // The stack of the resident app's exchange, with this process as the clipboard owner and the real window
 // manager and XTest between it and the field.
-class Bench {
+class Bench : private X11ExchangeStack {
 public:
     bool start()
     {
-        if (!m_display || !m_pasteboard.isConnected()) {
+        if (!display || !pasteboard.isConnected()) {
             QTextStream(stderr) << "needs an X server with XFixes and XTest\n";
             return false;
         }
@@ -108,13 +90,12 @@ public:
         }
         if (!m_field.start(QStringLiteral("MivoraLatencyField"), QStringLiteral("Exchange latency"),
                            selectedText) ||
-            !spinUntil(
-                [&] { return m_focus.rememberedProcessIdentifier() == m_field.processIdentifier(); }) ||
+            !spinUntil([&] { return focus.rememberedProcessIdentifier() == m_field.processIdentifier(); }) ||
             !m_field.waitForFocus()) {
             QTextStream(stderr) << "could not start the text field or give it the focus\n";
             return false;
         }
-        m_pasteboard.restore({{{{{QStringLiteral("UTF8_STRING"), QByteArrayLiteral("kept")}}}}});
+        pasteboard.restore({{{{{QStringLiteral("UTF8_STRING"), QByteArrayLiteral("kept")}}}}});
         return true;
     }
 
@@ -161,7 +142,7 @@ public:
                 return m_field.setText(selectedText);
             },
             [this, text, timing] { return readInto(text, timing); },
-            [&] { return *text == selectedText && m_pasteboard.string() == QStringLiteral("kept"); },
+            [&] { return *text == selectedText && pasteboard.string() == QStringLiteral("kept"); },
             iterations);
     }
 
@@ -174,8 +155,8 @@ public:
                 // paste to replace.
                 return m_field.setText(QStringLiteral("old")) && m_field.select(0, 3);
             },
-            [this, timing] { return m_service.pasteTransient(pastedText, std::nullopt, timing); },
-            [&] { return m_field.text() == pastedText && m_pasteboard.string() == QStringLiteral("kept"); },
+            [this, timing] { return service.pasteTransient(pastedText, std::nullopt, timing); },
+            [&] { return m_field.text() == pastedText && pasteboard.string() == QStringLiteral("kept"); },
             iterations);
     }
 
@@ -183,26 +164,9 @@ private:
     // A member rather than a coroutine lambda, so the frame never refers to a closure that may be gone.
     QCoro::Task<> readInto(std::shared_ptr<QString> text, PasteboardTiming timing)
     {
-        *text = co_await m_service.readSelectedTextTransient(true, false, timing);
+        *text = co_await service.readSelectedTextTransient(true, false, timing);
     }
 
-    X11DisplayConnection m_display;
-    EventLoopClock m_clock;
-    X11Pasteboard m_pasteboard;
-    NoCaptureControl m_capture;
-    X11ApplicationWorkspace m_workspace;
-    UnavailableAccessibilityTree m_tree;
-    FocusService m_focus{m_workspace, m_tree};
-    AccessibilityTextReader m_reader{m_focus, m_workspace, m_tree};
-    X11SyntheticKeyboard m_keyboard{m_display.get(), [this] {
-                                        const std::optional<RunningApplication> front =
-                                            m_workspace.frontmostApplication();
-                                        return front ? front->bundleIdentifier : QString();
-                                    }};
-    X11ModifierKeyState m_modifiers{m_display.get()};
-    X11PermissionProbe m_permissions{m_display.get()};
-    PasteboardService m_service{{m_clock, m_pasteboard, m_capture, m_focus, m_reader, m_workspace, m_keyboard,
-                                 m_modifiers, m_permissions}};
     TestFieldProcess m_field;
 };
 

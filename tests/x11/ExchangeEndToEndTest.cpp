@@ -1,17 +1,6 @@
 #include "AwaitTask.h"
-#include "FakeClipboardCaptureControl.h"
 #include "TestFieldProcess.h"
-#include "core/EventLoopClock.h"
-#include "exchange/AccessibilityTextReader.h"
-#include "exchange/FocusService.h"
-#include "exchange/PasteboardService.h"
-#include "platform/x11/UnavailableAccessibilityTree.h"
-#include "platform/x11/X11ApplicationWorkspace.h"
-#include "platform/x11/X11DisplayConnection.h"
-#include "platform/x11/X11ModifierKeyState.h"
-#include "platform/x11/X11Pasteboard.h"
-#include "platform/x11/X11PermissionProbe.h"
-#include "platform/x11/X11SyntheticKeyboard.h"
+#include "X11ExchangeStack.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -51,7 +40,7 @@ QCoro::Task<> pasteAndMark(PasteboardService& service, QString text, bool& finis
 
 // The whole exchange over the real display: this process's clipboard, the window manager's activations and
 // synthetic keys into a separate application with a text field.
-class ExchangeEndToEndTest : public ::testing::Test {
+class ExchangeEndToEndTest : public ::testing::Test, protected X11ExchangeStack {
 protected:
     void SetUp() override
     {
@@ -79,23 +68,6 @@ protected:
                                                  QStringLiteral("-o"), QStringLiteral("-t"), type});
     }
 
-    X11DisplayConnection display;
-    EventLoopClock clock;
-    X11Pasteboard pasteboard;
-    FakeClipboardCaptureControl capture;
-    X11ApplicationWorkspace workspace;
-    UnavailableAccessibilityTree tree;
-    FocusService focus{workspace, tree};
-    AccessibilityTextReader reader{focus, workspace, tree};
-    X11SyntheticKeyboard keyboard{display.get(), [this] {
-                                      const std::optional<RunningApplication> front =
-                                          workspace.frontmostApplication();
-                                      return front ? front->bundleIdentifier : QString();
-                                  }};
-    X11ModifierKeyState modifiers{display.get()};
-    X11PermissionProbe permissions{display.get()};
-    PasteboardService service{
-        {clock, pasteboard, capture, focus, reader, workspace, keyboard, modifiers, permissions}};
     TestFieldProcess field;
 };
 
