@@ -1,5 +1,7 @@
 #pragma once
 
+#include "EventLoopWait.h"
+
 #include <QByteArray>
 #include <QProcess>
 #include <QString>
@@ -14,15 +16,6 @@ inline void PrintTo(const QString& text, std::ostream* out)
 {
     *out << '"' << text.toStdString() << '"';
 }
-
-// Runs the event loop until done() holds or the guard runs out, so this process keeps serving whatever
-// clipboard it owns while it waits; returns done().
-bool spinUntil(const std::function<bool()>& done, std::chrono::milliseconds guard = std::chrono::seconds(5));
-
-// Runs a command-line tool to its end without blocking the event loop; its standard output, or nullopt
-// when it failed to start, did not finish within the guard or exited with an error.
-std::optional<QByteArray> runTool(const QString& program, const QStringList& arguments,
-                                  const QByteArray& input = {});
 
 // One instance of the test text field application, driven over its standard input and output. It is
 // killed when this object goes.

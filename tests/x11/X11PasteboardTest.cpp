@@ -1,5 +1,6 @@
 #include "platform/x11/X11Pasteboard.h"
 
+#include "EventLoopWait.h"
 #include "MemoryDefaultsStore.h"
 #include "TestClock.h"
 #include "clipboard/ClipboardHistoryService.h"
@@ -17,25 +18,6 @@
 using namespace std::chrono_literals;
 
 namespace {
-
-// Runs the event loop until done() holds or the guard expires, so this process keeps serving the
-// clipboard while another client reads it.
-bool spinUntil(const std::function<bool()>& done, std::chrono::milliseconds guard = 5s)
-{
-    QEventLoop loop;
-    QTimer check;
-    QObject::connect(&check, &QTimer::timeout, &loop, [&] {
-        if (done()) {
-            loop.quit();
-        }
-    });
-    QTimer::singleShot(guard, &loop, &QEventLoop::quit);
-    check.start(5);
-    if (!done()) {
-        loop.exec();
-    }
-    return done();
-}
 
 // Runs xclip on the CLIPBOARD selection without blocking the event loop.
 QByteArray xclip(const QStringList& arguments, const QByteArray& input = {})
