@@ -1,6 +1,7 @@
 #include "X11ApplicationWorkspace.h"
 
 #include "X11ErrorTrap.h"
+#include "X11WindowProperty.h"
 
 #include <QAbstractEventDispatcher>
 #include <X11/Xatom.h>
@@ -8,47 +9,26 @@
 #include <unistd.h>
 
 namespace {
-struct XFreeDeleter {
-    void operator()(void* data) const { XFree(data); }
-};
-using XData = std::unique_ptr<unsigned char, XFreeDeleter>;
+using XData = XPtr<unsigned char>;
 
 // The items of a 32-bit property (windows, cardinals), empty when it is missing or of another format.
 QList<unsigned long> longProperty(Display* display, Window window, Atom property, Atom type)
 {
-    Atom actualType = 0;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long remaining = 0;
-    unsigned char* raw = nullptr;
-    if (XGetWindowProperty(display, window, property, 0, 4096, False, type, &actualType, &format, &count,
-                           &remaining, &raw) != Success) {
+    const auto read = X11WindowProperty::read(display, window, property, type, 0, 4096);
+    if (!read || !read->data || read->format != 32 || read->type != type) {
         return {};
     }
-    const XData data(raw);
-    if (!data || format != 32 || actualType != type) {
-        return {};
-    }
-    const auto* items = reinterpret_cast<const unsigned long*>(data.get());
-    return QList<unsigned long>(items, items + count);
+    const auto* items = reinterpret_cast<const unsigned long*>(read->data.get());
+    return QList<unsigned long>(items, items + read->count);
 }
 
 QString textProperty(Display* display, Window window, Atom property, Atom type)
 {
-    Atom actualType = 0;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long remaining = 0;
-    unsigned char* raw = nullptr;
-    if (XGetWindowProperty(display, window, property, 0, 1024, False, type, &actualType, &format, &count,
-                           &remaining, &raw) != Success) {
+    const auto read = X11WindowProperty::read(display, window, property, type, 0, 1024);
+    if (!read || !read->data || read->format != 8) {
         return {};
     }
-    const XData data(raw);
-    if (!data || format != 8) {
-        return {};
-    }
-    return QString::fromUtf8(reinterpret_cast<const char*>(data.get()), qsizetype(count));
+    return QString::fromUtf8(reinterpret_cast<const char*>(read->data.get()), qsizetype(read->count));
 }
 } // namespace
 

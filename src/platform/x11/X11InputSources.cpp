@@ -1,5 +1,7 @@
 #include "platform/x11/X11InputSources.h"
 
+#include "platform/x11/X11WindowProperty.h"
+
 #include <QStringList>
 #include <X11/XKBlib.h>
 #include <X11/Xatom.h>
@@ -29,11 +31,6 @@ constexpr std::array<const char*, 128> macKeyNames = [] {
         names[code] = name;
     return names;
 }();
-
-struct XFreeDeleter {
-    void operator()(void* data) const { XFree(data); }
-};
-template <typename T> using XPtr = std::unique_ptr<T, XFreeDeleter>;
 
 struct KeyboardDeleter {
     void operator()(XkbDescPtr desc) const { XkbFreeKeyboard(desc, XkbAllComponentsMask, True); }
@@ -68,20 +65,13 @@ QStringList configuredLayouts(Display* display)
     const Atom rulesNames = XInternAtom(display, "_XKB_RULES_NAMES", True);
     if (rulesNames == None)
         return {};
-    Atom type = None;
-    int format = 0;
-    unsigned long length = 0;
-    unsigned long remaining = 0;
-    unsigned char* raw = nullptr;
-    if (XGetWindowProperty(display, DefaultRootWindow(display), rulesNames, 0, 1024, False, XA_STRING, &type,
-                           &format, &length, &remaining, &raw) != Success)
-        return {};
-    const XPtr<unsigned char> data(raw);
-    if (!data || type != XA_STRING || format != 8)
+    const auto read =
+        X11WindowProperty::read(display, DefaultRootWindow(display), rulesNames, XA_STRING, 0, 1024);
+    if (!read || !read->data || read->type != XA_STRING || read->format != 8)
         return {};
     // rules, model, layout, variant, options, each ended by a NUL.
     const QList<QByteArray> fields =
-        QByteArray(reinterpret_cast<const char*>(data.get()), qsizetype(length)).split('\0');
+        QByteArray(reinterpret_cast<const char*>(read->data.get()), qsizetype(read->count)).split('\0');
     if (fields.size() < 3)
         return {};
     const QList<QByteArray> layouts = fields[2].split(',');

@@ -2,6 +2,7 @@
 
 #include "platform/x11/X11DisplayConnection.h"
 #include "platform/x11/X11ErrorTrap.h"
+#include "platform/x11/X11WindowProperty.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
@@ -21,10 +22,7 @@
 
 namespace {
 
-struct XFreeDeleter {
-    void operator()(void* data) const { XFree(data); }
-};
-using XData = std::unique_ptr<unsigned char, XFreeDeleter>;
+using XData = XPtr<unsigned char>;
 
 // An unmapped window that receives our selection traffic; destroyed before its display is closed.
 class WindowHandle {
@@ -251,32 +249,25 @@ std::optional<Property> X11Pasteboard::Private::takeProperty(Window target, Atom
     Property result;
     long offset = 0;
     for (;;) {
-        Atom type = None;
-        int format = 0;
-        unsigned long count = 0;
-        unsigned long bytesAfter = 0;
-        unsigned char* raw = nullptr;
-        if (XGetWindowProperty(dpy(), target, property, offset, propertyReadUnits, False, AnyPropertyType,
-                               &type, &format, &count, &bytesAfter, &raw) != Success) {
+        const auto read =
+            X11WindowProperty::read(dpy(), target, property, AnyPropertyType, offset, propertyReadUnits);
+        if (!read) {
             return std::nullopt;
         }
-        const XData data(raw);
-        if (type == None) {
-            return std::nullopt;
-        }
-        result.type = type;
-        result.format = format;
-        if (format == 32) {
+        result.type = read->type;
+        result.format = read->format;
+        if (read->format == 32) {
             // Xlib hands 32-bit items out as longs; they are packed back to 32 bits.
-            const auto* longs = reinterpret_cast<const long*>(data.get());
-            for (unsigned long i = 0; i < count; ++i) {
+            const auto* longs = reinterpret_cast<const long*>(read->data.get());
+            for (unsigned long i = 0; i < read->count; ++i) {
                 const quint32 value = quint32(longs[i]);
                 result.data.append(reinterpret_cast<const char*>(&value), 4);
             }
         } else {
-            result.data.append(reinterpret_cast<const char*>(data.get()), qsizetype(count) * (format / 8));
+            result.data.append(reinterpret_cast<const char*>(read->data.get()),
+                               qsizetype(read->count) * (read->format / 8));
         }
-        if (bytesAfter == 0) {
+        if (read->bytesAfter == 0) {
             break;
         }
         offset = long(result.data.size() / 4);
