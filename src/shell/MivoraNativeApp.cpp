@@ -48,8 +48,9 @@ MivoraNativeApp::MivoraNativeApp(QObject* parent)
       m_platform(PlatformServices::create()), m_network(std::make_unique<QNetworkAccessManager>())
 {
     m_keyboardLayout = std::make_unique<KeyboardLayoutService>(*m_platform.inputSources);
-    m_core = std::make_unique<MivoraCore>(*m_network, *m_defaults, *m_platform.languageRecognizer,
-                                          DeploymentConfiguration::forUser(*m_defaults));
+    const DeploymentConfiguration deployment = DeploymentConfiguration::forUser(*m_defaults);
+    m_core =
+        std::make_unique<MivoraCore>(*m_network, *m_defaults, *m_platform.languageRecognizer, deployment);
     m_clipboardHistory =
         std::make_unique<ClipboardHistoryService>(*m_platform.pasteboard, *m_clock, *m_defaults);
     m_focus = std::make_unique<FocusService>(*m_platform.workspace, *m_platform.accessibility);
@@ -72,9 +73,8 @@ MivoraNativeApp::MivoraNativeApp(QObject* parent)
         HotkeyService::Services{*m_platform.hotkeyRegistrar, *m_platform.workspace, *m_focus, *m_reader,
                                 *m_exchange, *m_panels, *m_windows});
     m_updateManager = std::make_unique<AppUpdateManager>(
-        std::make_unique<AppUpdateClient>(*m_network, DeploymentConfiguration::forUser(*m_defaults),
-                                          *m_clock),
-        *m_defaults, *m_clock, *m_platform.urlOpener, m_platform.updater.get(), nullptr);
+        std::make_unique<AppUpdateClient>(*m_network, deployment, *m_clock), *m_defaults, *m_clock,
+        *m_platform.urlOpener, m_platform.updater.get(), nullptr);
 }
 
 MivoraNativeApp::~MivoraNativeApp()
