@@ -1,0 +1,99 @@
+#pragma once
+
+#include "core/Clock.h"
+
+#include <QMetaObject>
+#include <QObject>
+#include <chrono>
+#include <coroutine>
+#include <functional>
+#include <list>
+#include <memory>
+
+// Xlib's own declarations, repeated so this header stays free of Xlib's macros.
+typedef struct _XDisplay Display;
+typedef union _XEvent XEvent;
+
+// The one reader of this program's X connection. Adapters that follow events (clipboard, workspace,
+// hotkeys, windows, displays) subscribe here instead of reading the queue themselves, so no adapter can
+// swallow another's events, and an adapter that expects an answer from another client awaits it here
+// instead of blocking the GUI thread. GUI thread only.
+class X11EventPump : public QObject {
+    Q_OBJECT
+public:
+    using Listener = std::function<void(const XEvent&)>;
+    using Match = std::function<bool(const XEvent&)>;
+
+    // Keeps a listener registered for as long as it lives.
+    class Subscription {
+    public:
+        Subscription() = default;
+        Subscription(Subscription&&) noexcept = default;
+        Subscription& operator=(Subscription&&) noexcept = default;
+        ~Subscription();
+
+    private:
+        friend class X11EventPump;
+        explicit Subscription(std::shared_ptr<Listener> listener) : m_listener(std::move(listener)) {}
+        std::shared_ptr<Listener> m_listener;
+    };
+
+    // Suspends a coroutine until a matching event or the time-out; resumes with true when the event came.
+    class WaitAwaiter {
+    public:
+        WaitAwaiter(X11EventPump& pump, Match match, std::chrono::milliseconds timeout, XEvent* received);
+        WaitAwaiter(const WaitAwaiter&) = delete;
+        WaitAwaiter& operator=(const WaitAwaiter&) = delete;
+        ~WaitAwaiter();
+
+        bool await_ready() const noexcept { return false; }
+        bool await_suspend(std::coroutine_handle<> handle);
+        bool await_resume() const noexcept { return m_matched; }
+
+    private:
+        friend class X11EventPump;
+        void finish(bool matched);
+
+        X11EventPump& m_pump;
+        Match m_match;
+        std::chrono::milliseconds m_timeout;
+        XEvent* m_received;
+        std::coroutine_handle<> m_handle;
+        ClockTimer m_timer;
+        bool m_waiting = false;
+        bool m_suspending = false;
+        bool m_matched = false;
+    };
+
+    // Reads display (which outlives the pump) whenever the event loop is about to sleep or the connection
+    // has data; timeouts of waits run on clock.
+    X11EventPump(Display* display, Clock& clock, QObject* parent = nullptr);
+    ~X11EventPump() override;
+    X11EventPump(const X11EventPump&) = delete;
+    X11EventPump& operator=(const X11EventPump&) = delete;
+
+    Display* display() const { return m_display; }
+
+    // Calls listener with every event read from now on that no waiter took, in arrival order. Listeners
+    // may subscribe and unsubscribe from inside a call. Non-blocking.
+    [[nodiscard]] Subscription subscribe(Listener listener);
+    // co_await pump.waitFor(match, timeout, &event): suspends until an event that match accepts arrives
+    // (it is copied to received and goes to no listener; the earliest waiter wins) or timeout passes.
+    // Non-blocking.
+    WaitAwaiter waitFor(Match match, std::chrono::milliseconds timeout, XEvent* received)
+    {
+        return WaitAwaiter(*this, std::move(match), timeout, received);
+    }
+    // Dispatches every event Xlib has queued or the server has sent; call after a round trip that may have
+    // queued events while the caller has no other way back to the event loop. Non-blocking.
+    void dispatchPending();
+
+private:
+    void dispatch(const XEvent& event);
+
+    Display* m_display;
+    Clock& m_clock;
+    std::list<std::weak_ptr<Listener>> m_listeners;
+    std::list<WaitAwaiter*> m_waiters;
+    QMetaObject::Connection m_aboutToBlock;
+};
