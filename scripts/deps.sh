@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Installs every Debian package the build, the app and the tests need.
-# Idempotent: when everything is present it returns without touching apt.
+# Installs every Debian package the build, the app and the tests need, plus any package named on the
+# command line (scripts/tidy.sh adds the clang tools). Idempotent: when everything is present it returns
+# without touching apt.
 set -euo pipefail
 
 packages=(
@@ -10,8 +11,9 @@ packages=(
     libx11-dev libxtst-dev libxfixes-dev libxrandr-dev libx11-xcb-dev libxcb1-dev
     libxkbcommon-dev libxkbcommon-x11-dev
     libatspi2.0-dev libexttextcat-dev
-    xvfb xauth openbox xclip xdotool wmctrl x11-xkb-utils
+    xvfb xauth openbox xclip xdotool wmctrl x11-xkb-utils x11-utils
     dbus at-spi2-core
+    "$@"
 )
 
 missing=()
