@@ -3,6 +3,8 @@
 #include "TestClock.h"
 #include "clipboard/ClipboardHistoryService.h"
 #ifdef MIVORA_BENCH_X11
+#include "platform/x11/X11DisplayConnection.h"
+#include "platform/x11/X11EventPump.h"
 #include "platform/x11/X11Pasteboard.h"
 #endif
 
@@ -80,12 +82,14 @@ BENCHMARK(BM_IdlePoll);
 // The same idle tick on a real X server: the change count read drains the connection without blocking.
 void BM_IdlePollX11(benchmark::State& state)
 {
-    X11Pasteboard pasteboard;
+    TestClock clock;
+    X11DisplayConnection display;
+    X11EventPump pump(display.get(), clock);
+    X11Pasteboard pasteboard(pump);
     if (!pasteboard.isConnected()) {
         state.SkipWithError("no X server");
         return;
     }
-    TestClock clock;
     MemoryDefaultsStore defaults;
     ClipboardHistoryService history(pasteboard, clock, defaults);
     for (auto _ : state) {

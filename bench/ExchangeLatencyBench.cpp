@@ -142,7 +142,9 @@ public:
                 return m_field.setText(selectedText);
             },
             [this, text, timing] { return readInto(text, timing); },
-            [&] { return *text == selectedText && pasteboard.string() == QStringLiteral("kept"); },
+            [&] {
+                return *text == selectedText && AwaitTask::run(pasteboard.string()) == QStringLiteral("kept");
+            },
             iterations);
     }
 
@@ -156,7 +158,10 @@ public:
                 return m_field.setText(QStringLiteral("old")) && m_field.select(0, 3);
             },
             [this, timing] { return service.pasteTransient(pastedText, std::nullopt, timing); },
-            [&] { return m_field.text() == pastedText && pasteboard.string() == QStringLiteral("kept"); },
+            [&] {
+                return m_field.text() == pastedText &&
+                       AwaitTask::run(pasteboard.string()) == QStringLiteral("kept");
+            },
             iterations);
     }
 

@@ -3,6 +3,7 @@
 #include "core/DefaultsStore.h"
 #include "platform/Pasteboard.h"
 
+#include <QPointer>
 #include <QRegularExpression>
 #include <QTextBoundaryFinder>
 
@@ -49,9 +50,10 @@ bool hasSeveralCharacters(const QString& text)
 ClipboardHistoryService::ClipboardHistoryService(Pasteboard& pasteboard, Clock& clock,
                                                  DefaultsStore& defaults, QObject* parent)
     : QObject(parent), m_pasteboard(pasteboard), m_clock(clock), m_defaults(defaults), m_items(load()),
-      m_lastChangeCount(pasteboard.changeCount()),
-      m_lastText(pasteboard.string().value_or(QString()).trimmed())
-{}
+      m_lastChangeCount(pasteboard.changeCount())
+{
+    adoptPresentText();
+}
 
 void ClipboardHistoryService::applySettings(const MivoraSettings& settings)
 {
@@ -69,7 +71,9 @@ void ClipboardHistoryService::start()
 
 void ClipboardHistoryService::poll()
 {
-    if (!m_settings.clipboardHistoryEnabled) {
+    // A tick while another client is still answering an earlier read waits for the next one; the change
+    // stays unseen until then.
+    if (!m_settings.clipboardHistoryEnabled || m_readsInFlight > 0) {
         return;
     }
     const qint64 changeCount = m_pasteboard.changeCount();
@@ -78,12 +82,46 @@ void ClipboardHistoryService::poll()
     }
     // From here on this change is seen, whatever happens to it below.
     m_lastChangeCount = changeCount;
-    const std::optional<QStringList> types = m_pasteboard.types();
-    if (types && isConcealed(m_pasteboard, *types)) {
-        return;
+    readChange();
+}
+
+QCoro::Task<> ClipboardHistoryService::readChange()
+{
+    const QPointer<ClipboardHistoryService> self(this);
+    const quint64 epoch = m_epoch;
+    ++m_readsInFlight;
+    std::optional<QString> text;
+    const std::optional<QStringList> types = co_await m_pasteboard.types();
+    bool concealed = false;
+    if (self && types) {
+        concealed = co_await isConcealed(m_pasteboard, *types);
     }
-    if (const std::optional<QString> text = m_pasteboard.string()) {
+    if (self && !concealed) {
+        text = co_await m_pasteboard.string();
+    }
+    if (!self) {
+        co_return;
+    }
+    --m_readsInFlight;
+    // A transient use that ended meanwhile may have shown its own contents to these reads.
+    if (text && epoch == m_epoch) {
         record(*text);
+    }
+}
+
+QCoro::Task<> ClipboardHistoryService::adoptPresentText()
+{
+    const QPointer<ClipboardHistoryService> self(this);
+    const quint64 epoch = ++m_epoch;
+    ++m_readsInFlight;
+    const std::optional<QString> text = co_await m_pasteboard.string();
+    if (!self) {
+        co_return;
+    }
+    --m_readsInFlight;
+    // A later record or transient use knows better than this read.
+    if (text && epoch == m_epoch) {
+        m_lastText = text->trimmed();
     }
 }
 
@@ -97,6 +135,7 @@ void ClipboardHistoryService::record(const QString& text)
         return;
     }
     m_lastText = trimmed;
+    ++m_epoch;
     ClipboardHistoryItem item = ClipboardHistoryItem::make(std::move(trimmed), m_clock.now());
     // A text copied again moves to the top as a new item; the old one's place and date are dropped.
     m_items.removeIf([&item](const ClipboardHistoryItem& existing) { return existing.text == item.text; });
@@ -113,9 +152,7 @@ void ClipboardHistoryService::finishTransientPasteboardUse()
 {
     m_suppressUntil = Clock::Duration::min();
     m_lastChangeCount = m_pasteboard.changeCount();
-    if (const std::optional<QString> text = m_pasteboard.string()) {
-        m_lastText = text->trimmed();
-    }
+    adoptPresentText();
 }
 
 void ClipboardHistoryService::removeItem(const QString& id)
@@ -169,13 +206,16 @@ QList<ClipboardHistoryItem> ClipboardHistoryService::load() const
     return ClipboardHistoryItem::decodeList(stored.toByteArray()).value_or(QList<ClipboardHistoryItem>());
 }
 
-bool ClipboardHistoryService::isConcealed(Pasteboard& pasteboard, const QStringList& types)
+QCoro::Task<bool> ClipboardHistoryService::isConcealed(Pasteboard& pasteboard, QStringList types)
 {
     for (const QString& type : types) {
         if (concealedTypes().contains(type)) {
-            return true;
+            co_return true;
         }
     }
-    return types.contains(passwordManagerHintType()) &&
-           pasteboard.data(passwordManagerHintType()).value_or(QByteArray()).trimmed() == "secret";
+    if (!types.contains(passwordManagerHintType())) {
+        co_return false;
+    }
+    const std::optional<QByteArray> hint = co_await pasteboard.data(passwordManagerHintType());
+    co_return hint.value_or(QByteArray()).trimmed() == "secret";
 }

@@ -7,6 +7,7 @@
 #include "core/MivoraSettings.h"
 
 #include <QObject>
+#include <qcoro/qcorotask.h>
 
 class DefaultsStore;
 class Pasteboard;
@@ -23,7 +24,8 @@ public:
     static constexpr int minimumLimit = 10;
     static constexpr int maximumLimit = 1000;
 
-    // Loads the stored items and takes the clipboard's present state as already seen.
+    // Loads the stored items and takes the clipboard's present state as already seen (its text as soon as
+    // its owner answers).
     ClipboardHistoryService(Pasteboard& pasteboard, Clock& clock, DefaultsStore& defaults,
                             QObject* parent = nullptr);
 
@@ -44,13 +46,15 @@ public:
     // makes the poll return.
     void start();
     bool isStarted() const { return m_timer.isActive(); }
+    // Looks at the change count and, after a change, reads the clipboard without blocking.
     void poll();
     // Takes one text into the history, subject to the settings, the suppression window and the last text.
     void record(const QString& text);
 
     // No capture until now + duration; never shortens a window already running.
     void suppressCapture(Clock::Duration duration) override;
-    // Ends a transient use: whatever it left on the clipboard counts as seen.
+    // Ends a transient use: whatever it left on the clipboard counts as seen (its text as soon as its owner
+    // answers).
     void finishTransientPasteboardUse() override;
 
     const QList<ClipboardHistoryItem>& items() const { return m_items; }
@@ -62,12 +66,15 @@ public:
 
     static QString storageKey() { return QStringLiteral("mivora.clipboardItems.native"); }
     // Whether the clipboard's types mark it as a password or other contents clipboard managers must skip.
-    static bool isConcealed(Pasteboard& pasteboard, const QStringList& types);
+    static QCoro::Task<bool> isConcealed(Pasteboard& pasteboard, QStringList types);
 
 signals:
     void itemsChanged();
 
 private:
+    QCoro::Task<> readChange();
+    // Takes the clipboard's present text, when it has one, as the last text seen.
+    QCoro::Task<> adoptPresentText();
     QList<ClipboardHistoryItem> load() const;
     std::optional<QDateTime> cutOff() const;
 
@@ -80,4 +87,9 @@ private:
     qint64 m_lastChangeCount = 0;
     QString m_lastText;
     Clock::Duration m_suppressUntil = Clock::Duration::min();
+    // Clipboard reads still waiting for the owner's answer.
+    int m_readsInFlight = 0;
+    // Moves with every record and every end of a transient use; a read that finds it moved on drops its
+    // result, since what it read may be out of date.
+    quint64 m_epoch = 0;
 };

@@ -1,5 +1,7 @@
 #include "exchange/FocusService.h"
 
+#include "exchange/OwnApplication.h"
+
 #include <QQueue>
 #include <limits>
 
@@ -32,24 +34,10 @@ void walkBreadthFirst(const AccessibilityAttributes& attributes, const Accessibi
 } // namespace
 
 FocusService::FocusService(ApplicationWorkspace& workspace, AccessibilityTree& tree)
-    : m_workspace(workspace), m_attributes(tree)
-{
-    m_workspace.setActivationHandler(
-        [this](const RunningApplication& application) { remember(application); });
-}
-
-FocusService::~FocusService()
-{
-    m_workspace.setActivationHandler({});
-}
-
-const QStringList& FocusService::mivoraBundleIdentifiers()
-{
-    static const QStringList identifiers{QStringLiteral("ai.mivora.native"),
-                                         QStringLiteral("ai.mivora.native.test"),
-                                         QStringLiteral("ai.mivora.desktop")};
-    return identifiers;
-}
+    : m_workspace(workspace), m_attributes(tree),
+      m_activations(m_workspace.subscribeToActivations(
+          [this](const RunningApplication& application) { remember(application); }))
+{}
 
 std::optional<RunningApplication> FocusService::runningApplication(qint32 processIdentifier)
 {
@@ -59,8 +47,7 @@ std::optional<RunningApplication> FocusService::runningApplication(qint32 proces
 void FocusService::remember(const RunningApplication& application)
 {
     if (application.bundleIdentifier.isEmpty() ||
-        mivoraBundleIdentifiers().contains(application.bundleIdentifier) ||
-        application.processIdentifier == m_workspace.currentProcessIdentifier()) {
+        OwnApplication::isOwn(application, m_workspace.currentProcessIdentifier())) {
         return;
     }
     if (m_restoringProcessIdentifier == application.processIdentifier) {

@@ -13,11 +13,8 @@ class FocusService {
 public:
     // Starts following application activations at once; the workspace and tree must outlive the service.
     FocusService(ApplicationWorkspace& workspace, AccessibilityTree& tree);
-    ~FocusService();
     FocusService(const FocusService&) = delete;
     FocusService& operator=(const FocusService&) = delete;
-
-    static const QStringList& mivoraBundleIdentifiers();
 
     const std::optional<QString>& rememberedBundleIdentifier() const { return m_rememberedBundleIdentifier; }
     std::optional<qint32> rememberedProcessIdentifier() const { return m_rememberedProcessIdentifier; }
@@ -72,4 +69,5 @@ private:
     AccessibilityElement m_rememberedWindow;
     AccessibilityElement m_replyEditor;
     std::optional<qint32> m_restoringProcessIdentifier;
+    ListenerSubscription m_activations;
 };

@@ -9,6 +9,8 @@
 #include "platform/PermissionProbe.h"
 #include "platform/SyntheticKeyboard.h"
 
+#include <exception>
+
 using namespace std::chrono_literals;
 using Kind = PasteboardServiceError::Kind;
 
@@ -19,9 +21,10 @@ bool isBlank(const QString& text)
 }
 } // namespace
 
-QString PasteboardService::clipboardString()
+QCoro::Task<QString> PasteboardService::clipboardString()
 {
-    return m_services.pasteboard.string().value_or(QString());
+    const std::optional<QString> text = co_await m_services.pasteboard.string();
+    co_return text.value_or(QString());
 }
 
 void PasteboardService::writeClipboard(const QString& text)
@@ -50,7 +53,7 @@ QCoro::Task<QString> PasteboardService::readSelectedTextTransient(bool selectAll
                                                                   PasteboardTiming timing)
 {
     m_services.capture.suppressCapture(captureSuppression);
-    const PasteboardSnapshot snapshot = m_services.pasteboard.snapshot();
+    const PasteboardSnapshot snapshot = co_await m_services.pasteboard.snapshot();
     // Failing to bring the target forward is no error here: the copy may still reach it.
     activateRememberedTarget();
 
@@ -102,7 +105,7 @@ QCoro::Task<QString> PasteboardService::copySelection(bool selectAllBeforeCopy, 
             // Slow applications get longer on each attempt.
             co_await m_services.clock.sleep(
                 PasteboardTiming::ms(timing.copyDelay + attempt * timing.copyDelayStep));
-            text = clipboardString();
+            text = co_await clipboardString();
         }
         if (!isBlank(text)) {
             break;
@@ -118,7 +121,7 @@ QCoro::Task<> PasteboardService::pasteTransient(QString text, std::optional<QStr
         throw PasteboardServiceError(Kind::emptyText);
     }
     m_services.capture.suppressCapture(captureSuppression);
-    const PasteboardSnapshot snapshot = m_services.pasteboard.snapshot();
+    const PasteboardSnapshot snapshot = co_await m_services.pasteboard.snapshot();
     const bool activated = targetBundleIdentifier ? m_services.focus.activate(*targetBundleIdentifier)
                                                   : activateRememberedTarget();
     if (!activated) {
@@ -136,11 +139,16 @@ QCoro::Task<> PasteboardService::pasteTransient(QString text, std::optional<QStr
     co_await sendShortcutReportingAs(keyV, Kind::pasteEventFailed);
     co_await m_services.clock.sleep(PasteboardTiming::ms(timing.restoreDelay));
     // A different text means someone copied in the meantime, and their copy stays.
-    const std::optional<QString> now = m_services.pasteboard.string();
+    co_await restoreUnlessReplaced(snapshot, text);
+    m_services.capture.finishTransientPasteboardUse();
+}
+
+QCoro::Task<> PasteboardService::restoreUnlessReplaced(PasteboardSnapshot snapshot, QString text)
+{
+    const std::optional<QString> now = co_await m_services.pasteboard.string();
     if (now && *now == text) {
         m_services.pasteboard.restore(snapshot);
     }
-    m_services.capture.finishTransientPasteboardUse();
 }
 
 QCoro::Task<> PasteboardService::pasteAIReply(QString text, qint32 targetProcessIdentifier)
@@ -149,22 +157,20 @@ QCoro::Task<> PasteboardService::pasteAIReply(QString text, qint32 targetProcess
         throw PasteboardServiceError(Kind::emptyText);
     }
     m_services.capture.suppressCapture(captureSuppression);
-    const PasteboardSnapshot snapshot = m_services.pasteboard.snapshot();
-    const auto cleanUp = [this, &snapshot, &text] {
-        const std::optional<QString> now = m_services.pasteboard.string();
-        if (now && *now == text) {
-            m_services.pasteboard.restore(snapshot);
-        }
-        m_services.focus.endAIReplyPaste();
-        m_services.capture.finishTransientPasteboardUse();
-    };
+    const PasteboardSnapshot snapshot = co_await m_services.pasteboard.snapshot();
+    // The same clean-up on success and on every failure; it awaits a read, which a handler cannot.
+    std::exception_ptr failure;
     try {
         co_await pasteReply(text, targetProcessIdentifier);
     } catch (...) {
-        cleanUp();
-        throw;
+        failure = std::current_exception();
     }
-    cleanUp();
+    co_await restoreUnlessReplaced(snapshot, text);
+    m_services.focus.endAIReplyPaste();
+    m_services.capture.finishTransientPasteboardUse();
+    if (failure) {
+        std::rethrow_exception(failure);
+    }
 }
 
 QCoro::Task<> PasteboardService::pasteReply(QString text, qint32 targetProcessIdentifier)
@@ -287,7 +293,7 @@ QCoro::Task<QString> PasteboardService::waitForCopiedText(int upToMilliseconds)
 {
     const Clock::Duration deadline = m_services.clock.elapsed() + Clock::Duration(upToMilliseconds);
     while (true) {
-        const QString text = clipboardString();
+        const QString text = co_await clipboardString();
         if (!isBlank(text) || m_services.clock.elapsed() > deadline) {
             co_return text;
         }

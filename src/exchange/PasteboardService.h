@@ -4,6 +4,7 @@
 #include "core/PasteboardTiming.h"
 #include "exchange/AIReplyEditorState.h"
 #include "exchange/PasteboardServiceError.h"
+#include "platform/PasteboardSnapshot.h"
 
 #include <QString>
 #include <optional>
@@ -77,8 +78,10 @@ private:
     std::optional<AIReplyEditorState> replyEditorState();
     // Brings the remembered application forward; true when it is in front or the request could be made.
     bool activateRememberedTarget();
-    QString clipboardString();
+    QCoro::Task<QString> clipboardString();
     void writeClipboard(const QString& text);
+    // Puts the snapshot back unless someone replaced the text on the clipboard meanwhile (or cleared it).
+    QCoro::Task<> restoreUnlessReplaced(PasteboardSnapshot snapshot, QString text);
 
     Services m_services;
 };

@@ -1,5 +1,6 @@
 #include "exchange/PermissionService.h"
 
+#include "exchange/OwnApplication.h"
 #include "exchange/PermissionToolError.h"
 #include "platform/ProcessRunner.h"
 
@@ -33,20 +34,11 @@ QString outcomeLine(const ProcessResult& result, const QString& service, const Q
 }
 } // namespace
 
-const QStringList& PermissionService::mivoraBundleIds()
-{
-    static const QStringList identifiers{
-        QStringLiteral("ai.mivora.native"), QStringLiteral("ai.mivora.desktop"),
-        QStringLiteral("com.olvek.mivora"), QStringLiteral("com.olvek.mivora.desktop"),
-        QStringLiteral("com.mivora.desktop")};
-    return identifiers;
-}
-
 QCoro::Task<QStringList> PermissionService::resetMivoraPermissions()
 {
     QStringList lines;
     for (const QString& service : services()) {
-        for (const QString& bundleId : mivoraBundleIds()) {
+        for (const QString& bundleId : OwnApplication::mivoraBundleIds()) {
             lines.append(co_await runTccutil(service, bundleId));
         }
     }

@@ -11,7 +11,6 @@ class PermissionService {
 public:
     explicit PermissionService(ProcessRunner& runner) : m_runner(runner) {}
 
-    static const QStringList& mivoraBundleIds();
     static QString toolPath() { return QStringLiteral("/usr/bin/tccutil"); }
 
     // One line per tool run ("reset ..." or "skip ..."), Accessibility first, then ListenEvent. Throws

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ListenerList.h"
 #include "platform/RunningApplication.h"
 
 #include <QList>
@@ -26,7 +27,7 @@ public:
     virtual bool activate(qint32 processIdentifier) = 0;
     // This program's own process, which never counts as a target. Non-blocking.
     virtual qint32 currentProcessIdentifier() = 0;
-    // Called on the GUI thread each time another application comes to the front; replaces the previous
-    // handler.
-    virtual void setActivationHandler(ActivationHandler handler) = 0;
+    // Calls handler on the GUI thread each time another application comes to the front, for as long as the
+    // subscription lives; any number of handlers may listen. Non-blocking.
+    [[nodiscard]] virtual ListenerSubscription subscribeToActivations(ActivationHandler handler) = 0;
 };

@@ -3,6 +3,7 @@
 #include <memory>
 
 class AccessibilityTree;
+class Clock;
 class ApplicationWorkspace;
 class GlobalHotkeyRegistrar;
 class InputSourceProvider;
@@ -20,8 +21,8 @@ class UrlOpener;
 // non-null unless noted. Members are destroyed in reverse order, so later ones may use earlier ones.
 struct PlatformServices {
 private:
-    // Platform-specific resources the services below share (a display connection, say); declared first so
-    // it outlives them.
+    // Platform-specific resources the services below share (a display connection and the one reader of
+    // its events, say); declared first so it outlives them.
     struct Shared;
     std::unique_ptr<Shared> m_shared;
 
@@ -48,6 +49,7 @@ public:
     std::unique_ptr<GlobalHotkeyRegistrar> hotkeyRegistrar;
 
     // Connects to the display server when there is one; without one, each service degrades to "nothing
-    // available" rather than failing. GUI thread.
-    static PlatformServices create();
+    // available" rather than failing. Waits for other programs' answers run on clock, which must outlive
+    // the services. GUI thread.
+    static PlatformServices create(Clock& clock);
 };

@@ -45,7 +45,7 @@ MivoraNativeApp::MivoraNativeApp(QObject* parent)
     : QObject(parent), m_clock(std::make_unique<EventLoopClock>()),
       m_defaults(std::make_unique<QSettingsDefaultsStore>()),
       m_settingsStore(std::make_unique<NativeSettingsStore>(*m_defaults)),
-      m_platform(PlatformServices::create()), m_network(std::make_unique<QNetworkAccessManager>())
+      m_platform(PlatformServices::create(*m_clock)), m_network(std::make_unique<QNetworkAccessManager>())
 {
     m_keyboardLayout = std::make_unique<KeyboardLayoutService>(*m_platform.inputSources);
     const DeploymentConfiguration deployment = DeploymentConfiguration::forUser(*m_defaults);

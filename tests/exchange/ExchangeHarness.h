@@ -40,7 +40,7 @@ protected:
         workspace.bringToFront(FakeApplicationWorkspace::ownProcess);
         // Checked at each finish: the user's clipboard must be back before the transient use ends.
         capture.noteOnFinish = [this] {
-            return pasteboard.snapshot() == original ? QStringLiteral("restored") : QStringLiteral("foreign");
+            return pasteboard.contents() == original ? QStringLiteral("restored") : QStringLiteral("foreign");
         };
     }
 

@@ -20,14 +20,14 @@ TEST_F(PasteTransientTest, PastesAfterTheDelaysAndRestoresTheClipboard1300Millis
 {
     fillClipboardWithImageAndFiles();
     QString clipboardAtPaste;
-    keyboard.onShortcut = [&](quint16) { clipboardAtPaste = pasteboard.string().value_or(QString()); };
+    keyboard.onShortcut = [&](quint16) { clipboardAtPaste = pasteboard.text().value_or(QString()); };
 
     const auto outcome = paste(QStringLiteral(" result "));
     ASSERT_TRUE(outcome.value);
     EXPECT_EQ(clipboardAtPaste, QStringLiteral(" result "));
     EXPECT_EQ(keyboard.pressTimes(PasteboardService::keyV), QList<qint64>{180 + 180});
     EXPECT_EQ(outcome.finishedAt, 360 + 20 + 1300);
-    EXPECT_EQ(pasteboard.snapshot(), original);
+    EXPECT_EQ(pasteboard.contents(), original);
     EXPECT_EQ(capture.log, (QStringList{"suppress 3500", "finish restored"}));
 }
 
@@ -36,13 +36,13 @@ TEST_F(PasteTransientTest, ACopyMadeMeanwhileByTheUserStays)
     fillClipboardWithImageAndFiles();
     ClockTimer userCopy = clock.schedule(1000ms, [&] { pasteboard.copyText(QStringLiteral("mine")); });
     paste(QStringLiteral("result"));
-    EXPECT_EQ(pasteboard.string(), QStringLiteral("mine"));
+    EXPECT_EQ(pasteboard.text(), QStringLiteral("mine"));
     EXPECT_EQ(capture.log.last(), QStringLiteral("finish foreign"));
 
     // Nothing at all on the clipboard is no reason to restore either.
     ClockTimer userClear = clock.schedule(1000ms, [&] { pasteboard.clear(); });
     paste(QStringLiteral("result"));
-    EXPECT_EQ(pasteboard.snapshot(), PasteboardSnapshot());
+    EXPECT_EQ(pasteboard.contents(), PasteboardSnapshot());
 }
 
 TEST_F(PasteTransientTest, EmptyTextAndMissingTargetLeaveTheClipboardUntouched)
@@ -66,7 +66,7 @@ TEST_F(PasteTransientTest, AFailedShortcutLeavesTheTextOnTheClipboardForTheUser)
     fillClipboardWithImageAndFiles();
     permissions.accessibility = false;
     EXPECT_EQ(paste(QStringLiteral("result")).error, Kind::pasteEventFailed);
-    EXPECT_EQ(pasteboard.string(), QStringLiteral("result"));
+    EXPECT_EQ(pasteboard.text(), QStringLiteral("result"));
     EXPECT_EQ(capture.log, QStringList{"suppress 3500"});
 }
 
@@ -77,7 +77,7 @@ TEST_F(PasteTransientTest, QuickTimingPastesAtOnceAndRestoresAfter60Milliseconds
     const auto outcome = paste(QStringLiteral("fixed"), std::nullopt, PasteboardTiming::quickTiming());
     EXPECT_EQ(keyboard.pressTimes(PasteboardService::keyV), QList<qint64>{0});
     EXPECT_EQ(outcome.finishedAt, 20 + 60);
-    EXPECT_EQ(pasteboard.snapshot(), original);
+    EXPECT_EQ(pasteboard.contents(), original);
 }
 
 TEST_F(PasteTransientTest, AccessibilityReplacementSkipsBrowserContentAndEmptyText)
@@ -125,7 +125,7 @@ protected:
         keyboard.onShortcut = [this, changesValue](quint16) {
             if (changesValue) {
                 tree.set(editor, QStringLiteral("AXValue"),
-                         QStringLiteral("draft") + pasteboard.string().value());
+                         QStringLiteral("draft") + pasteboard.text().value());
             }
         };
     }
@@ -143,7 +143,7 @@ TEST_F(PasteAIReplyTest, PastesIntoTheChatEditorAndConfirmsTheChange)
     EXPECT_EQ(tree.node(editor).attributes.value(QStringLiteral("AXValue")),
               AccessibilityValue(QStringLiteral("draftreply")));
     EXPECT_EQ(keyboard.pressTimes(PasteboardService::keyV), QList<qint64>{0});
-    EXPECT_EQ(pasteboard.snapshot(), original);
+    EXPECT_EQ(pasteboard.contents(), original);
     EXPECT_EQ(capture.log, (QStringList{"suppress 3500", "finish restored"}));
     EXPECT_EQ(focus.restoringProcessIdentifier(), std::nullopt);
     EXPECT_TRUE(focus.replyEditor().isNull());
@@ -156,7 +156,7 @@ TEST_F(PasteAIReplyTest, TheTargetGets45RoundsOf20MillisecondsToComeForward)
     const auto outcome = paste(QStringLiteral("reply"));
     EXPECT_EQ(outcome.error, Kind::pasteTargetUnavailable);
     EXPECT_EQ(outcome.finishedAt, 45 * 20);
-    EXPECT_EQ(pasteboard.snapshot(), original);
+    EXPECT_EQ(pasteboard.contents(), original);
     EXPECT_EQ(focus.restoringProcessIdentifier(), std::nullopt);
     EXPECT_EQ(capture.log.last(), QStringLiteral("finish restored"));
 }
@@ -177,7 +177,7 @@ TEST_F(PasteAIReplyTest, AnUnchangedEditorIsPolled60TimesAndThenReportedNotAppli
     const auto outcome = paste(QStringLiteral("reply"));
     EXPECT_EQ(outcome.error, Kind::pasteNotApplied);
     EXPECT_EQ(outcome.finishedAt, 20 + 60 * 20);
-    EXPECT_EQ(pasteboard.snapshot(), original);
+    EXPECT_EQ(pasteboard.contents(), original);
 }
 
 TEST_F(PasteAIReplyTest, AnEditorWithoutValueOrCountIsNeverConfirmed)
@@ -194,7 +194,7 @@ TEST_F(PasteAIReplyTest, AClipboardChangedByTheUserIsNotOverwrittenOnFailure)
     fillClipboardWithImageAndFiles();
     keyboard.onShortcut = [this](quint16) { pasteboard.copyText(QStringLiteral("user copy")); };
     EXPECT_EQ(paste(QStringLiteral("reply")).error, Kind::pasteNotApplied);
-    EXPECT_EQ(pasteboard.string(), QStringLiteral("user copy"));
+    EXPECT_EQ(pasteboard.text(), QStringLiteral("user copy"));
 }
 
 TEST_F(PasteAIReplyTest, AShortcutThatCannotBeSentIsAPasteEventFailure)

@@ -24,7 +24,7 @@ TEST_F(ReadSelectionTest, NothingSelectedTriesThreeCopiesWithGrowingWaitsAndPuts
     // 180 to come forward, then each copy waits 180, 300, 420 after its 20 ms key press.
     EXPECT_EQ(keyboard.pressTimes(PasteboardService::keyC), (QList<qint64>{180, 380, 700}));
     EXPECT_EQ(outcome.finishedAt, 720 + 420);
-    EXPECT_EQ(pasteboard.snapshot(), original);
+    EXPECT_EQ(pasteboard.contents(), original);
     EXPECT_EQ(capture.log, (QStringList{"suppress 3500", "finish restored"}));
     EXPECT_EQ(workspace.activations, QList<qint32>{target});
 }
@@ -37,7 +37,7 @@ TEST_F(ReadSelectionTest, FoundTextComesBackUntrimmedAfterTheClipboardIsRestored
 
     EXPECT_EQ(outcome.value, QStringLiteral("  hello\n"));
     EXPECT_EQ(keyboard.pressTimes(PasteboardService::keyC).size(), 1);
-    EXPECT_EQ(pasteboard.snapshot(), original);
+    EXPECT_EQ(pasteboard.contents(), original);
     EXPECT_EQ(capture.log.last(), QStringLiteral("finish restored"));
 }
 
@@ -118,22 +118,22 @@ TEST_F(ReadSelectionTest, ShortcutFailuresAreCopyFailuresWithTheClipboardPutBack
     fillClipboardWithImageAndFiles();
     keyboard.postingSucceeds = false;
     EXPECT_EQ(read(false, true, PasteboardTiming::standardTiming()).error, Kind::copyEventFailed);
-    EXPECT_EQ(pasteboard.snapshot(), original);
+    EXPECT_EQ(pasteboard.contents(), original);
     EXPECT_EQ(capture.log.last(), QStringLiteral("finish restored"));
 
     keyboard.postingSucceeds = true;
     permissions.accessibility = false;
     EXPECT_EQ(read(true, true, PasteboardTiming::standardTiming()).error, Kind::copyEventFailed);
     EXPECT_TRUE(keyboard.events.isEmpty());
-    EXPECT_EQ(pasteboard.snapshot(), original);
+    EXPECT_EQ(pasteboard.contents(), original);
 }
 
 TEST_F(ReadSelectionTest, AnEmptyClipboardStaysEmpty)
 {
     selectInTarget(QStringLiteral("picked"));
     EXPECT_EQ(read(false, false, PasteboardTiming::standardTiming()).value, QStringLiteral("picked"));
-    EXPECT_EQ(pasteboard.snapshot(), PasteboardSnapshot());
-    EXPECT_EQ(pasteboard.string(), std::nullopt);
+    EXPECT_EQ(pasteboard.contents(), PasteboardSnapshot());
+    EXPECT_EQ(pasteboard.text(), std::nullopt);
 }
 
 TEST_F(ReadSelectionTest, AnActiveTargetIsNotActivatedAgainAndAGoneOneIsLookedUpByIdentifier)

@@ -38,10 +38,8 @@ std::optional<RunningApplication> FakeApplicationWorkspace::frontmostApplication
 void FakeApplicationWorkspace::bringToFront(qint32 processIdentifier)
 {
     m_front = processIdentifier;
-    if (m_handler) {
-        if (const std::optional<RunningApplication> front = application(processIdentifier)) {
-            m_handler(*front);
-        }
+    if (const std::optional<RunningApplication> front = application(processIdentifier)) {
+        m_activations.notify(*front);
     }
 }
 

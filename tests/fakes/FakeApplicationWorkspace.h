@@ -3,7 +3,7 @@
 #include "platform/ApplicationWorkspace.h"
 
 // A desktop of scripted applications. activate() records the request and, unless told otherwise, brings
-// the application to the front at once and tells the activation handler, as a window manager would.
+// the application to the front at once and tells the activation listeners, as a window manager would.
 class FakeApplicationWorkspace : public ApplicationWorkspace {
 public:
     static constexpr qint32 ownProcess = 1;
@@ -17,7 +17,7 @@ public:
         m_applications.removeIf(
             [&](const RunningApplication& a) { return a.processIdentifier == processIdentifier; });
     }
-    // Brings the application to the front and tells the handler, as when the user clicks it.
+    // Brings the application to the front and tells the listeners, as when the user clicks it.
     void bringToFront(qint32 processIdentifier);
 
     bool activationSucceeds = true;
@@ -30,10 +30,13 @@ public:
     std::optional<RunningApplication> frontmostApplication() override;
     bool activate(qint32 processIdentifier) override;
     qint32 currentProcessIdentifier() override { return ownProcess; }
-    void setActivationHandler(ActivationHandler handler) override { m_handler = std::move(handler); }
+    ListenerSubscription subscribeToActivations(ActivationHandler handler) override
+    {
+        return m_activations.subscribe(std::move(handler));
+    }
 
 private:
     QList<RunningApplication> m_applications;
     std::optional<qint32> m_front;
-    ActivationHandler m_handler;
+    ListenerList<const RunningApplication&> m_activations;
 };

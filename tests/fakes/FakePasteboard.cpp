@@ -1,21 +1,51 @@
 #include "FakePasteboard.h"
 
-std::optional<QStringList> FakePasteboard::types()
+QCoro::Task<std::optional<QStringList>> FakePasteboard::types()
 {
     ++m_contentReads;
+    co_await answerLater();
     if (m_contents.items.isEmpty()) {
-        return std::nullopt;
+        co_return std::nullopt;
     }
     QStringList names;
     for (const SavedPasteboardValue& value : m_contents.items.first().values) {
         names.append(value.type);
     }
-    return names;
+    co_return names;
 }
 
-std::optional<QByteArray> FakePasteboard::data(const QString& type)
+QCoro::Task<std::optional<QByteArray>> FakePasteboard::data(QString type)
 {
     ++m_contentReads;
+    co_await answerLater();
+    co_return value(type);
+}
+
+QCoro::Task<std::optional<QString>> FakePasteboard::string()
+{
+    ++m_contentReads;
+    co_await answerLater();
+    co_return text();
+}
+
+QCoro::Task<PasteboardSnapshot> FakePasteboard::snapshot()
+{
+    ++m_contentReads;
+    co_await answerLater();
+    // WORKAROUND: QCoro's return_value moves from any lvalue it is given, members included; a copy keeps
+    // the clipboard's contents in place.
+    co_return PasteboardSnapshot(m_contents);
+}
+
+QCoro::Task<> FakePasteboard::answerLater()
+{
+    if (m_clock != nullptr) {
+        co_await m_clock->sleep(m_answerDelay);
+    }
+}
+
+std::optional<QByteArray> FakePasteboard::value(const QString& type) const
+{
     for (const SavedPasteboardItem& item : m_contents.items) {
         for (const SavedPasteboardValue& value : item.values) {
             if (value.type == type) {
@@ -26,16 +56,10 @@ std::optional<QByteArray> FakePasteboard::data(const QString& type)
     return std::nullopt;
 }
 
-std::optional<QString> FakePasteboard::string()
+std::optional<QString> FakePasteboard::text() const
 {
-    const std::optional<QByteArray> bytes = data(plainTextType());
+    const std::optional<QByteArray> bytes = value(plainTextType());
     return bytes ? std::optional(QString::fromUtf8(*bytes)) : std::nullopt;
-}
-
-PasteboardSnapshot FakePasteboard::snapshot()
-{
-    ++m_contentReads;
-    return m_contents;
 }
 
 void FakePasteboard::restore(const PasteboardSnapshot& snapshot)

@@ -1,9 +1,12 @@
 #include "platform/x11/AtspiAccessibilityTree.h"
 
 #include "TestFieldProcess.h"
+#include "core/EventLoopClock.h"
 #include "exchange/AccessibilityTextReader.h"
 #include "exchange/FocusService.h"
 #include "platform/x11/X11ApplicationWorkspace.h"
+#include "platform/x11/X11DisplayConnection.h"
+#include "platform/x11/X11EventPump.h"
 
 #include <QStandardPaths>
 #include <gtest/gtest.h>
@@ -141,7 +144,10 @@ TEST_F(AtspiAccessibilityTreeTest, FocusedFieldShowsItsTextSelectionAndPlaceInTh
 
 TEST_F(AtspiAccessibilityTreeTest, ReaderReadsAndReplacesTheSelectionOfTheRememberedApplication)
 {
-    X11ApplicationWorkspace workspace;
+    X11DisplayConnection display;
+    EventLoopClock clock;
+    X11EventPump pump(display.get(), clock);
+    X11ApplicationWorkspace workspace(pump);
     FocusService focus(workspace, *tree);
     AccessibilityTextReader reader(focus, workspace, *tree);
     const std::optional<RunningApplication> front = workspace.application(field.processIdentifier());

@@ -1,8 +1,10 @@
+#include "core/EventLoopClock.h"
 #include "exchange/AccessibilityTextReader.h"
 #include "exchange/FocusService.h"
 #include "platform/x11/AtspiAccessibilityTree.h"
 #include "platform/x11/X11ApplicationWorkspace.h"
 #include "platform/x11/X11DisplayConnection.h"
+#include "platform/x11/X11EventPump.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -34,7 +36,9 @@ TEST(AtspiWithoutBusTest, EveryReadIsEmptyAndEveryWriteRefused)
     EXPECT_FALSE(tree.setAttribute(nothing, QStringLiteral("AXSelectedText"), QStringLiteral("text")));
     EXPECT_FALSE(tree.performAction(nothing, QStringLiteral("AXPress")));
 
-    X11ApplicationWorkspace workspace;
+    EventLoopClock clock;
+    X11EventPump pump(display.get(), clock);
+    X11ApplicationWorkspace workspace(pump);
     FocusService focus(workspace, tree);
     AccessibilityTextReader reader(focus, workspace, tree);
     focus.remember({qint32(getppid()), QStringLiteral("SomeEditor"), QStringLiteral("Some editor"), true});

@@ -1,6 +1,8 @@
 #include "TestFieldProcess.h"
+#include "core/EventLoopClock.h"
 #include "platform/x11/X11ApplicationWorkspace.h"
 #include "platform/x11/X11DisplayConnection.h"
+#include "platform/x11/X11EventPump.h"
 #include "platform/x11/X11ModifierKeyState.h"
 #include "platform/x11/X11SyntheticKeyboard.h"
 
@@ -44,7 +46,9 @@ protected:
     }
 
     X11DisplayConnection connection;
-    X11ApplicationWorkspace workspace;
+    EventLoopClock clock;
+    X11EventPump pump{connection.get(), clock};
+    X11ApplicationWorkspace workspace{pump};
 };
 
 TEST_F(X11ExchangeAdaptersTest, WorkspaceDescribesTheFrontApplicationByItsWindowProperties)
@@ -68,8 +72,12 @@ TEST_F(X11ExchangeAdaptersTest, WorkspaceDescribesTheFrontApplicationByItsWindow
 TEST_F(X11ExchangeAdaptersTest, WorkspaceFollowsActivationsLiveAndActivatesThroughTheWindowManager)
 {
     QList<RunningApplication> activations;
-    workspace.setActivationHandler(
+    const ListenerSubscription listening = workspace.subscribeToActivations(
         [&](const RunningApplication& application) { activations.append(application); });
+    // A second listener hears the same activations, until it lets go.
+    int heardBySecond = 0;
+    ListenerSubscription second =
+        workspace.subscribeToActivations([&](const RunningApplication&) { ++heardBySecond; });
     const auto lastActivated = [&] {
         return activations.isEmpty() ? 0 : activations.last().processIdentifier;
     };
@@ -82,6 +90,8 @@ TEST_F(X11ExchangeAdaptersTest, WorkspaceFollowsActivationsLiveAndActivatesThrou
     ASSERT_TRUE(spinUntil([&] { return lastActivated() == two.processIdentifier(); }));
     EXPECT_EQ(activations.last().bundleIdentifier, QStringLiteral("MivoraFieldTwo"));
     EXPECT_TRUE(activations.last().isActive);
+    EXPECT_EQ(heardBySecond, activations.size());
+    second.reset();
 
     // Another program switches windows while this one keeps asking the server about them, as the focus
     // tracking does; the change must still be reported.
@@ -94,6 +104,7 @@ TEST_F(X11ExchangeAdaptersTest, WorkspaceFollowsActivationsLiveAndActivatesThrou
     ASSERT_TRUE(workspace.activate(two.processIdentifier()));
     EXPECT_TRUE(spinUntil([&] { return lastActivated() == two.processIdentifier(); }));
     EXPECT_TRUE(waitForFront(two.processIdentifier()));
+    EXPECT_LT(heardBySecond, activations.size());
 
     const QList<RunningApplication> running = workspace.runningApplications();
     ASSERT_EQ(running.size(), 2);

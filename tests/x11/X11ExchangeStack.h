@@ -8,6 +8,7 @@
 #include "platform/x11/UnavailableAccessibilityTree.h"
 #include "platform/x11/X11ApplicationWorkspace.h"
 #include "platform/x11/X11DisplayConnection.h"
+#include "platform/x11/X11EventPump.h"
 #include "platform/x11/X11ModifierKeyState.h"
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11PermissionProbe.h"
@@ -19,9 +20,10 @@ class X11ExchangeStack {
 protected:
     X11DisplayConnection display;
     EventLoopClock clock;
-    X11Pasteboard pasteboard;
+    X11EventPump pump{display.get(), clock};
+    X11Pasteboard pasteboard{pump};
     FakeClipboardCaptureControl capture;
-    X11ApplicationWorkspace workspace;
+    X11ApplicationWorkspace workspace{pump};
     UnavailableAccessibilityTree tree;
     FocusService focus{workspace, tree};
     AccessibilityTextReader reader{focus, workspace, tree};

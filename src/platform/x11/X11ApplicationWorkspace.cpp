@@ -3,7 +3,6 @@
 #include "X11ErrorTrap.h"
 #include "X11WindowProperty.h"
 
-#include <QAbstractEventDispatcher>
 #include <X11/Xatom.h>
 #include <X11/Xutil.h>
 #include <unistd.h>
@@ -32,51 +31,32 @@ QString textProperty(Display* display, Window window, Atom property, Atom type)
 }
 } // namespace
 
-X11ApplicationWorkspace::X11ApplicationWorkspace(const QByteArray& displayName, QObject* parent)
-    : QObject(parent), m_connection(displayName)
+X11ApplicationWorkspace::X11ApplicationWorkspace(X11EventPump& pump) : m_display(pump.display())
 {
-    Display* display = m_connection.get();
-    if (display == nullptr) {
+    if (m_display == nullptr) {
         return;
     }
-    m_root = DefaultRootWindow(display);
-    m_activeWindowAtom = XInternAtom(display, "_NET_ACTIVE_WINDOW", False);
-    XSelectInput(display, m_root, PropertyChangeMask);
-    XFlush(display);
+    m_root = DefaultRootWindow(m_display);
+    m_activeWindowAtom = XInternAtom(m_display, "_NET_ACTIVE_WINDOW", False);
+    // The connection is shared, and so is its event mask on the root window: add to it, never replace it.
+    XWindowAttributes attributes{};
+    XGetWindowAttributes(m_display, m_root, &attributes);
+    XSelectInput(m_display, m_root, attributes.your_event_mask | PropertyChangeMask);
+    XFlush(m_display);
     m_lastActive = activeWindow();
     if (const std::optional<ClientWindow> client = describe(m_lastActive, m_lastActive)) {
         m_lastActiveProcess = client->application.processIdentifier;
     }
-    m_notifier = new QSocketNotifier(ConnectionNumber(display), QSocketNotifier::Read, this);
-    connect(m_notifier, &QSocketNotifier::activated, this, &X11ApplicationWorkspace::readEvents);
-    // WORKAROUND: every round trip on this connection (the property reads of the lookups) may pull an
-    // activation event off the socket into Xlib's queue, where the socket notifier never sees it; such
-    // events are handled before the event loop goes to sleep.
-    if (QAbstractEventDispatcher* dispatcher = QAbstractEventDispatcher::instance(thread())) {
-        connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, [this] {
-            if (XEventsQueued(m_connection.get(), QueuedAlready) > 0) {
-                readEvents();
-            }
-        });
-    }
+    m_events = pump.subscribe([this](const XEvent& event) {
+        if (event.type == PropertyNotify && event.xproperty.window == m_root &&
+            event.xproperty.atom == m_activeWindowAtom) {
+            activeWindowChanged();
+        }
+    });
 }
 
-X11ApplicationWorkspace::~X11ApplicationWorkspace() = default;
-
-void X11ApplicationWorkspace::readEvents()
+void X11ApplicationWorkspace::activeWindowChanged()
 {
-    Display* display = m_connection.get();
-    bool activeChanged = false;
-    while (XPending(display) > 0) {
-        XEvent event;
-        XNextEvent(display, &event);
-        if (event.type == PropertyNotify && event.xproperty.atom == m_activeWindowAtom) {
-            activeChanged = true;
-        }
-    }
-    if (!activeChanged) {
-        return;
-    }
     const Window active = activeWindow();
     const std::optional<ClientWindow> client = active == 0 ? std::nullopt : describe(active, active);
     // A window id of a process that ended may come back for a new one, so the process counts too. Focus on
@@ -87,25 +67,24 @@ void X11ApplicationWorkspace::readEvents()
     }
     m_lastActive = active;
     m_lastActiveProcess = process;
-    if (client && m_handler) {
-        m_handler(client->application);
+    if (client) {
+        m_activations.notify(client->application);
     }
 }
 
 unsigned long X11ApplicationWorkspace::activeWindow()
 {
-    if (!m_connection) {
+    if (m_display == nullptr) {
         return 0;
     }
-    const QList<unsigned long> active =
-        longProperty(m_connection.get(), m_root, m_activeWindowAtom, XA_WINDOW);
+    const QList<unsigned long> active = longProperty(m_display, m_root, m_activeWindowAtom, XA_WINDOW);
     return active.isEmpty() ? 0 : Window(active.first());
 }
 
 std::optional<X11ApplicationWorkspace::ClientWindow> X11ApplicationWorkspace::describe(unsigned long window,
                                                                                        unsigned long active)
 {
-    Display* display = m_connection.get();
+    Display* display = m_display;
     X11ErrorTrap trap(display);
     const QList<unsigned long> pid =
         longProperty(display, window, XInternAtom(display, "_NET_WM_PID", False), XA_CARDINAL);
@@ -138,10 +117,10 @@ std::optional<X11ApplicationWorkspace::ClientWindow> X11ApplicationWorkspace::de
 QList<X11ApplicationWorkspace::ClientWindow> X11ApplicationWorkspace::clientWindows()
 {
     QList<ClientWindow> result;
-    if (!m_connection) {
+    if (m_display == nullptr) {
         return result;
     }
-    Display* display = m_connection.get();
+    Display* display = m_display;
     const Window active = activeWindow();
     for (const unsigned long window :
          longProperty(display, m_root, XInternAtom(display, "_NET_CLIENT_LIST", False), XA_WINDOW)) {
@@ -208,7 +187,7 @@ bool X11ApplicationWorkspace::activate(qint32 processIdentifier)
     if (it == clients.end()) {
         return false;
     }
-    Display* display = m_connection.get();
+    Display* display = m_display;
     XEvent event{};
     event.xclient.type = ClientMessage;
     event.xclient.window = it->window;

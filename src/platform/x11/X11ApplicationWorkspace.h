@@ -1,21 +1,19 @@
 #pragma once
 
-#include "X11DisplayConnection.h"
 #include "platform/ApplicationWorkspace.h"
+#include "platform/x11/X11EventPump.h"
 
-#include <QObject>
-#include <QSocketNotifier>
 #include <optional>
 
 // The applications of an EWMH desktop: the windows of _NET_CLIENT_LIST, their process (_NET_WM_PID) and
 // identifier (the class part of WM_CLASS). The active one is followed live through PropertyNotify on the
-// root window, on a connection of its own read through the event loop. Without a server everything is
-// empty.
-class X11ApplicationWorkspace : public QObject, public ApplicationWorkspace {
-    Q_OBJECT
+// root window, read by the program's event pump. Without a server everything is empty. GUI thread only.
+class X11ApplicationWorkspace : public ApplicationWorkspace {
 public:
-    explicit X11ApplicationWorkspace(const QByteArray& displayName = {}, QObject* parent = nullptr);
-    ~X11ApplicationWorkspace() override;
+    // Works on the pump's connection; the pump must outlive this object.
+    explicit X11ApplicationWorkspace(X11EventPump& pump);
+    X11ApplicationWorkspace(const X11ApplicationWorkspace&) = delete;
+    X11ApplicationWorkspace& operator=(const X11ApplicationWorkspace&) = delete;
 
     QList<RunningApplication> runningApplications() override;
     std::optional<RunningApplication> application(qint32 processIdentifier) override;
@@ -23,9 +21,12 @@ public:
     std::optional<RunningApplication> frontmostApplication() override;
     bool activate(qint32 processIdentifier) override;
     qint32 currentProcessIdentifier() override;
-    void setActivationHandler(ActivationHandler handler) override { m_handler = std::move(handler); }
+    ListenerSubscription subscribeToActivations(ActivationHandler handler) override
+    {
+        return m_activations.subscribe(std::move(handler));
+    }
 
-    // The window of the application that has the focus, or 0.
+    // The window of the application that has the focus, or 0. One round trip.
     unsigned long activeWindow();
 
 private:
@@ -36,13 +37,14 @@ private:
 
     QList<ClientWindow> clientWindows();
     std::optional<ClientWindow> describe(unsigned long window, unsigned long active);
-    void readEvents();
+    void activeWindowChanged();
 
-    X11DisplayConnection m_connection;
+    Display* m_display;
     unsigned long m_root = 0;
     unsigned long m_activeWindowAtom = 0;
-    QSocketNotifier* m_notifier = nullptr;
-    ActivationHandler m_handler;
+    ListenerList<const RunningApplication&> m_activations;
     unsigned long m_lastActive = 0;
     qint32 m_lastActiveProcess = 0;
+    // Last, so no event reaches a half-destroyed object.
+    X11EventPump::Subscription m_events;
 };

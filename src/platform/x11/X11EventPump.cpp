@@ -2,40 +2,47 @@
 
 #include <QAbstractEventDispatcher>
 #include <QSocketNotifier>
-#include <QThread>
 #include <X11/Xlib.h>
 #include <algorithm>
 
-X11EventPump::Subscription::~Subscription() = default;
-
 X11EventPump::WaitAwaiter::WaitAwaiter(X11EventPump& pump, Match match, std::chrono::milliseconds timeout,
                                        XEvent* received)
-    : m_pump(pump), m_match(std::move(match)), m_timeout(timeout), m_received(received)
+    : m_pump(&pump), m_match(std::move(match)), m_timeout(timeout), m_received(received)
+{}
+
+X11EventPump::WaitAwaiter::WaitAwaiter(WaitAwaiter&& other) noexcept
+    : m_pump(other.m_pump), m_match(std::move(other.m_match)), m_timeout(other.m_timeout),
+      m_received(other.m_received)
 {
+    Q_ASSERT(!other.m_waiting);
 }
 
 X11EventPump::WaitAwaiter::~WaitAwaiter()
 {
-    // A coroutine destroyed while suspended takes its awaiter with it; the pump must forget it.
-    if (m_waiting) {
-        m_pump.m_waiters.remove(this);
+    // A coroutine destroyed while suspended takes its awaiter with it; the pump must forget it. A pump
+    // destroyed first has cleared m_pump.
+    if (m_waiting && m_pump) {
+        m_pump->m_waiters.remove(this);
     }
 }
 
 bool X11EventPump::WaitAwaiter::await_suspend(std::coroutine_handle<> handle)
 {
+    if (!m_pump->m_display) {
+        return false;
+    }
     m_handle = handle;
     m_waiting = true;
-    m_pump.m_waiters.push_back(this);
+    m_pump->m_waiters.push_back(this);
     // The answer may already sit in Xlib's queue, read there by the round trip that sent the request; then
     // the coroutine goes on without suspending.
     m_suspending = true;
-    m_pump.dispatchPending();
+    m_pump->dispatchPending();
     m_suspending = false;
     if (!m_waiting) {
         return false;
     }
-    m_timer = m_pump.m_clock.schedule(m_timeout, [this] { finish(false); });
+    m_timer = m_pump->m_clock.schedule(m_timeout, [this] { finish(false); });
     return true;
 }
 
@@ -46,9 +53,10 @@ void X11EventPump::WaitAwaiter::finish(bool matched)
     }
     m_waiting = false;
     m_matched = matched;
-    m_pump.m_waiters.remove(this);
+    m_pump->m_waiters.remove(this);
     m_timer.cancel();
     if (!m_suspending) {
+        // May destroy this awaiter; nothing of it is touched afterwards.
         m_handle.resume();
     }
 }
@@ -61,11 +69,9 @@ X11EventPump::X11EventPump(Display* display, Clock& clock, QObject* parent)
     }
     auto* notifier = new QSocketNotifier(ConnectionNumber(m_display), QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, &X11EventPump::dispatchPending);
-    // WORKAROUND: any Xlib round trip may read events into Xlib's own queue, after which the socket stays
-    // quiet although events wait; draining before the loop sleeps keeps them from stalling.
     if (auto* dispatcher = QAbstractEventDispatcher::instance(thread())) {
         m_aboutToBlock = connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this,
-                                 &X11EventPump::dispatchPending);
+                                 &X11EventPump::dispatchBeforeSleep);
     }
 }
 
@@ -76,15 +82,20 @@ X11EventPump::~X11EventPump()
     // destructors do not touch a gone pump.
     for (WaitAwaiter* waiter : m_waiters) {
         waiter->m_waiting = false;
+        waiter->m_pump = nullptr;
         waiter->m_timer.cancel();
     }
 }
 
-X11EventPump::Subscription X11EventPump::subscribe(Listener listener)
+void X11EventPump::dispatchBeforeSleep()
 {
-    auto shared = std::make_shared<Listener>(std::move(listener));
-    m_listeners.push_back(shared);
-    return Subscription(shared);
+    // WORKAROUND: any Xlib round trip may read events into Xlib's own queue, after which the socket stays
+    // quiet although events wait; they are dispatched before the loop sleeps. Requests an adapter left in
+    // the output buffer are sent too, so no answer waits on our own silence.
+    XFlush(m_display);
+    if (XEventsQueued(m_display, QueuedAlready) > 0) {
+        dispatchPending();
+    }
 }
 
 void X11EventPump::dispatchPending()
@@ -106,16 +117,11 @@ void X11EventPump::dispatch(const XEvent& event)
                                      [&](const WaitAwaiter* w) { return w->m_match(event); });
     if (waiter != m_waiters.end()) {
         WaitAwaiter* taken = *waiter;
-        *taken->m_received = event;
+        if (taken->m_received) {
+            *taken->m_received = event;
+        }
         taken->finish(true);
         return;
     }
-    m_listeners.remove_if([](const std::weak_ptr<Listener>& listener) { return listener.expired(); });
-    // A copy, so listeners may subscribe or unsubscribe while being called.
-    const auto listeners = m_listeners;
-    for (const auto& weak : listeners) {
-        if (const auto listener = weak.lock()) {
-            (*listener)(event);
-        }
-    }
+    m_listeners.notify(event);
 }

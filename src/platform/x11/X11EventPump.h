@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Clock.h"
+#include "platform/ListenerList.h"
 
 #include <QMetaObject>
 #include <QObject>
@@ -8,7 +9,6 @@
 #include <coroutine>
 #include <functional>
 #include <list>
-#include <memory>
 
 // Xlib's own declarations, repeated so this header stays free of Xlib's macros.
 typedef struct _XDisplay Display;
@@ -23,27 +23,17 @@ class X11EventPump : public QObject {
 public:
     using Listener = std::function<void(const XEvent&)>;
     using Match = std::function<bool(const XEvent&)>;
-
-    // Keeps a listener registered for as long as it lives.
-    class Subscription {
-    public:
-        Subscription() = default;
-        Subscription(Subscription&&) noexcept = default;
-        Subscription& operator=(Subscription&&) noexcept = default;
-        ~Subscription();
-
-    private:
-        friend class X11EventPump;
-        explicit Subscription(std::shared_ptr<Listener> listener) : m_listener(std::move(listener)) {}
-        std::shared_ptr<Listener> m_listener;
-    };
+    using Subscription = ListenerSubscription;
 
     // Suspends a coroutine until a matching event or the time-out; resumes with true when the event came.
     class WaitAwaiter {
     public:
         WaitAwaiter(X11EventPump& pump, Match match, std::chrono::milliseconds timeout, XEvent* received);
+        // Moves only before it is awaited (a compiler may move the operand of co_await into the frame).
+        WaitAwaiter(WaitAwaiter&& other) noexcept;
         WaitAwaiter(const WaitAwaiter&) = delete;
         WaitAwaiter& operator=(const WaitAwaiter&) = delete;
+        WaitAwaiter& operator=(WaitAwaiter&&) = delete;
         ~WaitAwaiter();
 
         bool await_ready() const noexcept { return false; }
@@ -54,7 +44,7 @@ public:
         friend class X11EventPump;
         void finish(bool matched);
 
-        X11EventPump& m_pump;
+        X11EventPump* m_pump;
         Match m_match;
         std::chrono::milliseconds m_timeout;
         XEvent* m_received;
@@ -65,8 +55,8 @@ public:
         bool m_matched = false;
     };
 
-    // Reads display (which outlives the pump) whenever the event loop is about to sleep or the connection
-    // has data; timeouts of waits run on clock.
+    // Reads display (which outlives the pump) whenever the connection has data and before the event loop
+    // sleeps; time-outs of waits run on clock. A null display gives a pump that never delivers anything.
     X11EventPump(Display* display, Clock& clock, QObject* parent = nullptr);
     ~X11EventPump() override;
     X11EventPump(const X11EventPump&) = delete;
@@ -76,24 +66,28 @@ public:
 
     // Calls listener with every event read from now on that no waiter took, in arrival order. Listeners
     // may subscribe and unsubscribe from inside a call. Non-blocking.
-    [[nodiscard]] Subscription subscribe(Listener listener);
+    [[nodiscard]] Subscription subscribe(Listener listener)
+    {
+        return m_listeners.subscribe(std::move(listener));
+    }
     // co_await pump.waitFor(match, timeout, &event): suspends until an event that match accepts arrives
-    // (it is copied to received and goes to no listener; the earliest waiter wins) or timeout passes.
-    // Non-blocking.
-    WaitAwaiter waitFor(Match match, std::chrono::milliseconds timeout, XEvent* received)
+    // (copied to received unless it is null; it goes to no listener; the earliest waiter wins) or timeout
+    // passes; true when the event came. An event already read by an earlier round trip counts. Non-blocking.
+    WaitAwaiter waitFor(Match match, std::chrono::milliseconds timeout, XEvent* received = nullptr)
     {
         return WaitAwaiter(*this, std::move(match), timeout, received);
     }
-    // Dispatches every event Xlib has queued or the server has sent; call after a round trip that may have
-    // queued events while the caller has no other way back to the event loop. Non-blocking.
+    // Dispatches every event Xlib has queued or the server has sent. For code that cannot return to the
+    // event loop (a destructor serving other clients); everything else is served without it. Non-blocking.
     void dispatchPending();
 
 private:
     void dispatch(const XEvent& event);
+    void dispatchBeforeSleep();
 
     Display* m_display;
     Clock& m_clock;
-    std::list<std::weak_ptr<Listener>> m_listeners;
+    ListenerList<const XEvent&> m_listeners;
     std::list<WaitAwaiter*> m_waiters;
     QMetaObject::Connection m_aboutToBlock;
 };

@@ -1,21 +1,17 @@
 #include "platform/x11/X11Pasteboard.h"
 
-#include "platform/x11/X11DisplayConnection.h"
 #include "platform/x11/X11ErrorTrap.h"
+#include "platform/x11/X11EventPump.h"
 #include "platform/x11/X11WindowProperty.h"
 
-#include <QAbstractEventDispatcher>
-#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QHash>
-#include <QSocketNotifier>
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/Xfixes.h>
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <functional>
 #include <list>
 #include <poll.h>
 #include <vector>
@@ -40,6 +36,7 @@ public:
     {
         if (m_display && m_window) {
             XDestroyWindow(m_display, m_window);
+            XFlush(m_display);
         }
     }
     Window get() const { return m_window; }
@@ -64,7 +61,7 @@ const QStringList& metaTargets()
 // Properties are read in pieces of this many 32-bit units.
 constexpr long propertyReadUnits = 1 << 16;
 // Properties used for incoming conversions, in rotation, so a late answer to an abandoned request never
-// lands where a newer one is expected.
+// lands where a newer one is expected, and reads running side by side never share one.
 constexpr int conversionPropertyCount = 8;
 
 struct Property {
@@ -87,11 +84,20 @@ struct OutgoingTransfer {
     qsizetype offset = 0;
 };
 
+// Whether every character fits the Latin-1 encoding that the STRING target is defined in.
+bool fitsLatin1(const QString& text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() <= 0xff; });
+}
+
 } // namespace
 
 struct X11Pasteboard::Private {
-    // Declared before the window, so the window is destroyed while its connection is still open.
-    std::optional<X11DisplayConnection> display;
+    explicit Private(X11EventPump& eventPump) : pump(eventPump) {}
+
+    X11EventPump& pump;
+    // Null when there is no server or no XFixes.
+    Display* display = nullptr;
     WindowHandle window;
     int xfixesEventBase = 0;
     qint64 changeCount = 0;
@@ -101,28 +107,31 @@ struct X11Pasteboard::Private {
     QHash<Atom, QString> atomNames;
     int nextConversionProperty = 0;
     qsizetype chunkSize = 0;
-    std::unique_ptr<QSocketNotifier> notifier;
 
     Atom clipboard = None;
     Atom targets = None;
     Atom timestamp = None;
     Atom incr = None;
 
-    Display* dpy() const { return display->get(); }
+    // Reads that resume after this object is gone see it expired and give nothing.
+    std::shared_ptr<int> lifetime = std::make_shared<int>(0);
+    // Last, so no event reaches a half-destroyed object.
+    X11EventPump::Subscription events;
+
     Atom atom(const QString& name);
     QString atomName(Atom atom);
     QStringList atomNamesOf(const QByteArray& packed);
 
-    void dispatchPending();
-    void handle(XEvent& event);
-    std::optional<XEvent> waitFor(const std::function<bool(const XEvent&)>& wanted, QDeadlineTimer deadline);
+    void handle(const XEvent& event);
 
-    Window currentOwner() const { return XGetSelectionOwner(dpy(), clipboard); }
+    Window currentOwner() const { return XGetSelectionOwner(display, clipboard); }
     std::optional<Property> takeProperty(Window window, Atom property);
-    std::optional<QByteArray> convert(Atom target);
-    std::optional<QByteArray> receiveIncrementally(Atom property);
-    std::optional<QByteArray> read(const QString& type);
-    std::optional<QStringList> readTypes();
+    QCoro::Task<std::optional<QByteArray>> convert(Atom target);
+    QCoro::Task<std::optional<QByteArray>> receiveIncrementally(Atom property);
+    QCoro::Task<std::optional<QByteArray>> read(QString type);
+    QCoro::Task<std::optional<QStringList>> readTypes();
+    QCoro::Task<std::optional<QString>> readString();
+    QCoro::Task<PasteboardSnapshot> readSnapshot();
 
     void own(QList<SavedPasteboardValue> values);
     void disown();
@@ -137,7 +146,7 @@ Atom X11Pasteboard::Private::atom(const QString& name)
     if (found != atoms.constEnd()) {
         return *found;
     }
-    const Atom value = XInternAtom(dpy(), name.toUtf8().constData(), False);
+    const Atom value = XInternAtom(display, name.toUtf8().constData(), False);
     atoms.insert(name, value);
     atomNames.insert(value, name);
     return value;
@@ -149,8 +158,8 @@ QString X11Pasteboard::Private::atomName(Atom value)
     if (found != atomNames.constEnd()) {
         return *found;
     }
-    X11ErrorTrap trap(dpy());
-    const XData name(reinterpret_cast<unsigned char*>(XGetAtomName(dpy(), value)));
+    X11ErrorTrap trap(display);
+    const XData name(reinterpret_cast<unsigned char*>(XGetAtomName(display, value)));
     if (trap.sync() != 0 || !name) {
         return {};
     }
@@ -174,20 +183,12 @@ QStringList X11Pasteboard::Private::atomNamesOf(const QByteArray& packed)
     return names;
 }
 
-void X11Pasteboard::Private::dispatchPending()
+void X11Pasteboard::Private::handle(const XEvent& event)
 {
-    while (XPending(dpy()) > 0) {
-        XEvent event;
-        XNextEvent(dpy(), &event);
-        handle(event);
-    }
-}
-
-void X11Pasteboard::Private::handle(XEvent& event)
-{
+    // The connection is shared: only events about our window and our transfers are ours.
     if (event.type == xfixesEventBase + XFixesSelectionNotify) {
         const auto& notify = reinterpret_cast<const XFixesSelectionNotifyEvent&>(event);
-        if (notify.selection == clipboard) {
+        if (notify.window == window.get() && notify.selection == clipboard) {
             ++changeCount;
             if (owned && notify.owner == window.get()) {
                 owned->time = notify.selection_timestamp;
@@ -197,11 +198,14 @@ void X11Pasteboard::Private::handle(XEvent& event)
     }
     switch (event.type) {
     case SelectionRequest:
-        serve(event.xselectionrequest);
+        if (event.xselectionrequest.owner == window.get()) {
+            serve(event.xselectionrequest);
+        }
         break;
     case SelectionClear:
         // A clear can be stale when we took the clipboard back meanwhile; the server knows who owns it now.
-        if (event.xselectionclear.selection == clipboard && currentOwner() != window.get()) {
+        if (event.xselectionclear.window == window.get() && event.xselectionclear.selection == clipboard &&
+            currentOwner() != window.get()) {
             owned.reset();
         }
         break;
@@ -220,37 +224,13 @@ void X11Pasteboard::Private::handle(XEvent& event)
     }
 }
 
-std::optional<XEvent> X11Pasteboard::Private::waitFor(const std::function<bool(const XEvent&)>& wanted,
-                                                      QDeadlineTimer deadline)
-{
-    for (;;) {
-        while (XPending(dpy()) > 0) {
-            XEvent event;
-            XNextEvent(dpy(), &event);
-            if (wanted(event)) {
-                return event;
-            }
-            handle(event);
-        }
-        const qint64 remaining = deadline.remainingTime();
-        if (remaining == 0) {
-            return std::nullopt;
-        }
-        pollfd descriptor{ConnectionNumber(dpy()), POLLIN, 0};
-        const int ready = ::poll(&descriptor, 1, int(remaining));
-        if (ready < 0 && errno != EINTR) {
-            return std::nullopt;
-        }
-    }
-}
-
 std::optional<Property> X11Pasteboard::Private::takeProperty(Window target, Atom property)
 {
     Property result;
     long offset = 0;
     for (;;) {
         const auto read =
-            X11WindowProperty::read(dpy(), target, property, AnyPropertyType, offset, propertyReadUnits);
+            X11WindowProperty::read(display, target, property, AnyPropertyType, offset, propertyReadUnits);
         if (!read) {
             return std::nullopt;
         }
@@ -272,117 +252,161 @@ std::optional<Property> X11Pasteboard::Private::takeProperty(Window target, Atom
         }
         offset = long(result.data.size() / 4);
     }
-    XDeleteProperty(dpy(), target, property);
+    XDeleteProperty(display, target, property);
     return result;
 }
 
-std::optional<QByteArray> X11Pasteboard::Private::convert(Atom target)
+QCoro::Task<std::optional<QByteArray>> X11Pasteboard::Private::convert(Atom target)
 {
+    const std::weak_ptr<int> alive = lifetime;
     const Atom property = atom(QStringLiteral("MIVORA_SELECTION_%1").arg(nextConversionProperty));
     nextConversionProperty = (nextConversionProperty + 1) % conversionPropertyCount;
     const Window self = window.get();
-    XDeleteProperty(dpy(), self, property);
-    XConvertSelection(dpy(), clipboard, target, property, self, CurrentTime);
-    XFlush(dpy());
-    const std::optional<XEvent> answer = waitFor(
-        [&](const XEvent& event) {
+    const Atom selection = clipboard;
+    XDeleteProperty(display, self, property);
+    XConvertSelection(display, selection, target, property, self, CurrentTime);
+    XFlush(display);
+    XEvent answer{};
+    const bool answered = co_await pump.waitFor(
+        [=](const XEvent& event) {
             return event.type == SelectionNotify && event.xselection.requestor == self &&
-                   event.xselection.selection == clipboard && event.xselection.target == target &&
+                   event.xselection.selection == selection && event.xselection.target == target &&
                    (event.xselection.property == property || event.xselection.property == None);
         },
-        QDeadlineTimer(readTimeout));
-    if (!answer || answer->xselection.property == None) {
-        return std::nullopt;
+        readTimeout, &answer);
+    if (!answered || alive.expired() || answer.xselection.property == None) {
+        co_return std::nullopt;
     }
     std::optional<Property> value = takeProperty(self, property);
     if (!value) {
-        return std::nullopt;
+        co_return std::nullopt;
     }
     if (value->type == incr) {
-        return receiveIncrementally(property);
+        co_return co_await receiveIncrementally(property);
     }
-    return std::move(value->data);
+    co_return std::move(value->data);
 }
 
-std::optional<QByteArray> X11Pasteboard::Private::receiveIncrementally(Atom property)
+QCoro::Task<std::optional<QByteArray>> X11Pasteboard::Private::receiveIncrementally(Atom property)
 {
     // The owner writes a piece each time we delete the property; a piece of length zero ends the value.
-    // takeProperty has deleted the INCR announcement, which asks for the first piece.
-    XFlush(dpy());
+    // takeProperty has deleted the INCR announcement, which asks for the first piece. A piece that does not
+    // come in time, or cannot be read, ends the read with nothing: the caller decides what to do then.
+    const std::weak_ptr<int> alive = lifetime;
+    XFlush(display);
     QByteArray result;
     const Window self = window.get();
     for (;;) {
-        const std::optional<XEvent> piece = waitFor(
-            [&](const XEvent& event) {
+        const bool arrived = co_await pump.waitFor(
+            [=](const XEvent& event) {
                 return event.type == PropertyNotify && event.xproperty.window == self &&
                        event.xproperty.atom == property && event.xproperty.state == PropertyNewValue;
             },
-            QDeadlineTimer(readTimeout));
-        if (!piece) {
-            return std::nullopt;
+            readTimeout);
+        if (!arrived || alive.expired()) {
+            co_return std::nullopt;
         }
         std::optional<Property> value = takeProperty(self, property);
-        XFlush(dpy());
+        XFlush(display);
         if (!value) {
-            continue;
+            co_return std::nullopt;
         }
         if (value->data.isEmpty()) {
-            return result;
+            co_return result;
         }
         result.append(value->data);
     }
 }
 
-std::optional<QByteArray> X11Pasteboard::Private::read(const QString& type)
+QCoro::Task<std::optional<QByteArray>> X11Pasteboard::Private::read(QString type)
 {
     const Window owner = currentOwner();
     if (owner == None) {
-        return std::nullopt;
+        co_return std::nullopt;
     }
     if (owner == window.get()) {
         if (owned) {
             for (const SavedPasteboardValue& value : owned->values) {
                 if (value.type == type) {
-                    return value.data;
+                    co_return value.data;
                 }
             }
         }
-        return std::nullopt;
+        co_return std::nullopt;
     }
-    return convert(atom(type));
+    co_return co_await convert(atom(type));
 }
 
-std::optional<QStringList> X11Pasteboard::Private::readTypes()
+QCoro::Task<std::optional<QStringList>> X11Pasteboard::Private::readTypes()
 {
+    const std::weak_ptr<int> alive = lifetime;
     const Window owner = currentOwner();
     if (owner == None) {
-        return std::nullopt;
+        co_return std::nullopt;
     }
     if (owner == window.get()) {
         QStringList names;
         for (const SavedPasteboardValue& value : owned ? owned->values : QList<SavedPasteboardValue>()) {
             names.append(value.type);
         }
-        return names;
+        co_return names;
     }
-    const std::optional<QByteArray> packed = convert(targets);
-    if (!packed) {
-        return QStringList();
+    const std::optional<QByteArray> packed = co_await convert(targets);
+    if (!packed || alive.expired()) {
+        co_return QStringList();
     }
-    return atomNamesOf(*packed);
+    co_return atomNamesOf(*packed);
+}
+
+QCoro::Task<std::optional<QString>> X11Pasteboard::Private::readString()
+{
+    const std::weak_ptr<int> alive = lifetime;
+    if (const std::optional<QByteArray> utf8 = co_await read(QStringLiteral("UTF8_STRING"))) {
+        co_return QString::fromUtf8(*utf8);
+    }
+    if (alive.expired()) {
+        co_return std::nullopt;
+    }
+    if (const std::optional<QByteArray> latin1 = co_await read(QStringLiteral("STRING"))) {
+        co_return QString::fromLatin1(*latin1);
+    }
+    co_return std::nullopt;
+}
+
+QCoro::Task<PasteboardSnapshot> X11Pasteboard::Private::readSnapshot()
+{
+    const std::weak_ptr<int> alive = lifetime;
+    const std::optional<QStringList> names = co_await readTypes();
+    if (!names) {
+        co_return PasteboardSnapshot{};
+    }
+    // The X clipboard holds one item.
+    SavedPasteboardItem item;
+    for (const QString& type : *names) {
+        if (alive.expired()) {
+            co_return PasteboardSnapshot{};
+        }
+        if (metaTargets().contains(type)) {
+            continue;
+        }
+        if (std::optional<QByteArray> bytes = co_await read(type)) {
+            item.values.append({type, std::move(*bytes)});
+        }
+    }
+    co_return PasteboardSnapshot{{item}};
 }
 
 void X11Pasteboard::Private::own(QList<SavedPasteboardValue> values)
 {
     // Changes announced before this one must not be taken for news about the new contents.
-    dispatchPending();
+    pump.dispatchPending();
     transfers.clear();
     owned = OwnedContents{std::move(values), CurrentTime};
-    XSetSelectionOwner(dpy(), clipboard, window.get(), CurrentTime);
+    XSetSelectionOwner(display, clipboard, window.get(), CurrentTime);
     // After the sync, the server's notice of our own change is queued, so the change count has moved when
     // this returns.
-    XSync(dpy(), False);
-    dispatchPending();
+    XSync(display, False);
+    pump.dispatchPending();
     if (currentOwner() != window.get()) {
         owned.reset();
     }
@@ -390,12 +414,12 @@ void X11Pasteboard::Private::own(QList<SavedPasteboardValue> values)
 
 void X11Pasteboard::Private::disown()
 {
-    dispatchPending();
+    pump.dispatchPending();
     owned.reset();
     transfers.clear();
-    XSetSelectionOwner(dpy(), clipboard, None, CurrentTime);
-    XSync(dpy(), False);
-    dispatchPending();
+    XSetSelectionOwner(display, clipboard, None, CurrentTime);
+    XSync(display, False);
+    pump.dispatchPending();
 }
 
 void X11Pasteboard::Private::serve(const XSelectionRequestEvent& request)
@@ -411,22 +435,22 @@ void X11Pasteboard::Private::serve(const XSelectionRequestEvent& request)
     reply.xselection.property = None;
     reply.xselection.time = request.time;
 
-    // Names and atoms first: they open traps of their own, and traps don't nest.
+    // Names and atoms first, so the trap below covers only the requests to the requestor.
     const QString type = atomName(request.target);
     std::vector<long> list{long(targets), long(timestamp)};
     for (const SavedPasteboardValue& value : owned ? owned->values : QList<SavedPasteboardValue>()) {
         list.push_back(long(atom(value.type)));
     }
     // The requestor may be gone by now; its errors must not reach the process-wide handler.
-    X11ErrorTrap trap(dpy());
+    X11ErrorTrap trap(display);
     if (owned && request.selection == clipboard) {
         if (request.target == targets) {
-            XChangeProperty(dpy(), request.requestor, property, XA_ATOM, 32, PropModeReplace,
+            XChangeProperty(display, request.requestor, property, XA_ATOM, 32, PropModeReplace,
                             reinterpret_cast<const unsigned char*>(list.data()), int(list.size()));
             reply.xselection.property = property;
         } else if (request.target == timestamp) {
             const long time = long(owned->time);
-            XChangeProperty(dpy(), request.requestor, property, XA_INTEGER, 32, PropModeReplace,
+            XChangeProperty(display, request.requestor, property, XA_INTEGER, 32, PropModeReplace,
                             reinterpret_cast<const unsigned char*>(&time), 1);
             reply.xselection.property = property;
         } else {
@@ -435,13 +459,13 @@ void X11Pasteboard::Private::serve(const XSelectionRequestEvent& request)
                     continue;
                 }
                 if (value.data.size() > chunkSize) {
-                    XSelectInput(dpy(), request.requestor, PropertyChangeMask | StructureNotifyMask);
+                    XSelectInput(display, request.requestor, PropertyChangeMask | StructureNotifyMask);
                     const long size = long(value.data.size());
-                    XChangeProperty(dpy(), request.requestor, property, incr, 32, PropModeReplace,
+                    XChangeProperty(display, request.requestor, property, incr, 32, PropModeReplace,
                                     reinterpret_cast<const unsigned char*>(&size), 1);
                     transfers.push_back({request.requestor, property, request.target, value.data});
                 } else {
-                    XChangeProperty(dpy(), request.requestor, property, request.target, 8, PropModeReplace,
+                    XChangeProperty(display, request.requestor, property, request.target, 8, PropModeReplace,
                                     reinterpret_cast<const unsigned char*>(value.data.constData()),
                                     int(value.data.size()));
                 }
@@ -450,7 +474,7 @@ void X11Pasteboard::Private::serve(const XSelectionRequestEvent& request)
             }
         }
     }
-    XSendEvent(dpy(), request.requestor, False, NoEventMask, &reply);
+    XSendEvent(display, request.requestor, False, NoEventMask, &reply);
     trap.sync();
 }
 
@@ -463,15 +487,15 @@ void X11Pasteboard::Private::continueTransfer(const XPropertyEvent& event)
     if (transfer == transfers.end()) {
         return;
     }
-    X11ErrorTrap trap(dpy());
+    X11ErrorTrap trap(display);
     const qsizetype length = std::min(chunkSize, transfer->data.size() - transfer->offset);
-    XChangeProperty(dpy(), transfer->requestor, transfer->property, transfer->type, 8, PropModeReplace,
+    XChangeProperty(display, transfer->requestor, transfer->property, transfer->type, 8, PropModeReplace,
                     reinterpret_cast<const unsigned char*>(transfer->data.constData() + transfer->offset),
                     int(length));
     transfer->offset += length;
     // The piece of length zero that ends the transfer has just been written.
     if (length == 0) {
-        XSelectInput(dpy(), transfer->requestor, NoEventMask);
+        XSelectInput(display, transfer->requestor, NoEventMask);
         transfers.erase(transfer);
     }
     trap.sync();
@@ -481,30 +505,43 @@ void X11Pasteboard::Private::handOverToManager()
 {
     const Atom manager = atom(QStringLiteral("CLIPBOARD_MANAGER"));
     if (!owned || owned->values.isEmpty() || currentOwner() != window.get() ||
-        XGetSelectionOwner(dpy(), manager) == None) {
+        XGetSelectionOwner(display, manager) == None) {
         return;
     }
     const Atom saveTargets = atom(QStringLiteral("SAVE_TARGETS"));
     const Atom property = atom(QStringLiteral("MIVORA_SAVE_TARGETS"));
-    XConvertSelection(dpy(), manager, saveTargets, property, window.get(), CurrentTime);
-    XFlush(dpy());
-    // The manager now reads every target from us; our requests are served while we wait for its answer.
-    waitFor(
-        [&](const XEvent& event) {
-            return event.type == SelectionNotify && event.xselection.selection == manager;
-        },
-        QDeadlineTimer(readTimeout * 3));
+    const Window self = window.get();
+    bool answered = false;
+    const X11EventPump::Subscription listening = pump.subscribe([&](const XEvent& event) {
+        answered = answered || (event.type == SelectionNotify && event.xselection.requestor == self &&
+                                event.xselection.selection == manager);
+    });
+    XConvertSelection(display, manager, saveTargets, property, self, CurrentTime);
+    XFlush(display);
+    // The manager now reads every target from us, served by our own listener while we wait for its answer.
+    // This runs at exit, when no event loop is left to return to, so it waits on the connection itself.
+    const QDeadlineTimer deadline(handOverTimeout);
+    for (;;) {
+        pump.dispatchPending();
+        if (answered || deadline.hasExpired()) {
+            return;
+        }
+        pollfd descriptor{ConnectionNumber(display), POLLIN, 0};
+        const int ready = ::poll(&descriptor, 1, int(std::max<qint64>(deadline.remainingTime(), 1)));
+        if (ready < 0 && errno != EINTR) {
+            return;
+        }
+    }
 }
 
-X11Pasteboard::X11Pasteboard(const QByteArray& displayName) : d(std::make_unique<Private>())
+X11Pasteboard::X11Pasteboard(X11EventPump& pump) : d(std::make_unique<Private>(pump))
 {
-    d->display.emplace(displayName);
+    Display* display = pump.display();
     int errorBase = 0;
-    if (!*d->display || !XFixesQueryExtension(d->dpy(), &d->xfixesEventBase, &errorBase)) {
-        d->display.reset();
+    if (display == nullptr || !XFixesQueryExtension(display, &d->xfixesEventBase, &errorBase)) {
         return;
     }
-    Display* display = d->dpy();
+    d->display = display;
     XSetWindowAttributes attributes{};
     attributes.event_mask = PropertyChangeMask;
     d->window = WindowHandle(display, XCreateWindow(display, DefaultRootWindow(display), -10, -10, 1, 1, 0,
@@ -521,35 +558,20 @@ X11Pasteboard::X11Pasteboard(const QByteArray& displayName) : d(std::make_unique
                                XFixesSetSelectionOwnerNotifyMask | XFixesSelectionWindowDestroyNotifyMask |
                                    XFixesSelectionClientCloseNotifyMask);
     XSync(display, False);
-
-    d->notifier = std::make_unique<QSocketNotifier>(ConnectionNumber(display), QSocketNotifier::Read);
     Private* state = d.get();
-    QObject::connect(state->notifier.get(), &QSocketNotifier::activated, state->notifier.get(),
-                     [state] { state->dispatchPending(); });
-    // Xlib may have read events into its queue while answering a call; the socket then stays quiet, so
-    // the queue is also drained whenever the loop is about to sleep.
-    if (auto* dispatcher = QAbstractEventDispatcher::instance()) {
-        QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, state->notifier.get(), [state] {
-            if (XEventsQueued(state->dpy(), QueuedAlready) > 0) {
-                state->dispatchPending();
-            }
-        });
-    }
+    d->events = pump.subscribe([state](const XEvent& event) { state->handle(event); });
 }
 
 X11Pasteboard::~X11Pasteboard()
 {
-    if (!d->display) {
-        return;
+    if (d->display) {
+        d->handOverToManager();
     }
-    // Dropping the notifier also drops the connections that use it as their context.
-    d->notifier.reset();
-    d->handOverToManager();
 }
 
 bool X11Pasteboard::isConnected() const
 {
-    return d->display.has_value();
+    return d->display != nullptr;
 }
 
 bool X11Pasteboard::ownsClipboard()
@@ -560,58 +582,41 @@ bool X11Pasteboard::ownsClipboard()
 qint64 X11Pasteboard::changeCount()
 {
     if (isConnected()) {
-        d->dispatchPending();
+        d->pump.dispatchPending();
     }
     return d->changeCount;
 }
 
-std::optional<QStringList> X11Pasteboard::types()
+QCoro::Task<std::optional<QStringList>> X11Pasteboard::types()
 {
     if (!isConnected()) {
-        return std::nullopt;
+        co_return std::nullopt;
     }
-    return d->readTypes();
+    co_return co_await d->readTypes();
 }
 
-std::optional<QByteArray> X11Pasteboard::data(const QString& type)
+QCoro::Task<std::optional<QByteArray>> X11Pasteboard::data(QString type)
 {
     if (!isConnected()) {
-        return std::nullopt;
+        co_return std::nullopt;
     }
-    return d->read(type);
+    co_return co_await d->read(std::move(type));
 }
 
-std::optional<QString> X11Pasteboard::string()
+QCoro::Task<std::optional<QString>> X11Pasteboard::string()
 {
     if (!isConnected()) {
-        return std::nullopt;
+        co_return std::nullopt;
     }
-    if (const std::optional<QByteArray> utf8 = d->read(QStringLiteral("UTF8_STRING"))) {
-        return QString::fromUtf8(*utf8);
-    }
-    if (const std::optional<QByteArray> latin1 = d->read(QStringLiteral("STRING"))) {
-        return QString::fromLatin1(*latin1);
-    }
-    return std::nullopt;
+    co_return co_await d->readString();
 }
 
-PasteboardSnapshot X11Pasteboard::snapshot()
+QCoro::Task<PasteboardSnapshot> X11Pasteboard::snapshot()
 {
-    const std::optional<QStringList> names = types();
-    if (!names) {
-        return {};
+    if (!isConnected()) {
+        co_return PasteboardSnapshot{};
     }
-    // The X clipboard holds one item.
-    SavedPasteboardItem item;
-    for (const QString& type : *names) {
-        if (metaTargets().contains(type)) {
-            continue;
-        }
-        if (std::optional<QByteArray> bytes = data(type)) {
-            item.values.append({type, std::move(*bytes)});
-        }
-    }
-    return PasteboardSnapshot{{item}};
+    co_return co_await d->readSnapshot();
 }
 
 void X11Pasteboard::restore(const PasteboardSnapshot& snapshot)
@@ -650,9 +655,14 @@ void X11Pasteboard::writeString(const QString& text)
         return;
     }
     const QByteArray utf8 = text.toUtf8();
-    d->own({
+    QList<SavedPasteboardValue> values{
         {QStringLiteral("UTF8_STRING"), utf8},
         {QStringLiteral("text/plain;charset=utf-8"), utf8},
-        {QStringLiteral("STRING"), text.toLatin1()},
-    });
+    };
+    // STRING is Latin-1 by definition; a text it cannot hold would reach older clients as question marks,
+    // so they get UTF8_STRING or nothing.
+    if (fitsLatin1(text)) {
+        values.append({QStringLiteral("STRING"), text.toLatin1()});
+    }
+    d->own(std::move(values));
 }

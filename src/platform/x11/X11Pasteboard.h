@@ -5,20 +5,26 @@
 #include <chrono>
 #include <memory>
 
-// The CLIPBOARD selection of an X server, on a connection of its own. Ownership changes are watched through
-// XFixes on the Qt event loop; while this object owns the clipboard it serves every saved type from memory
-// (large values incrementally), so it never waits on itself. Reads of another owner wait for its answer on
-// the connection for at most readTimeout. GUI thread only.
+class X11EventPump;
+
+// The CLIPBOARD selection of an X server, on the program's shared connection. Ownership changes are
+// watched through XFixes; while this object owns the clipboard it serves every saved type from memory
+// (large values incrementally), so it never waits on itself. A read of another owner's contents awaits
+// each answer through the event pump for at most readTimeout. GUI thread only.
 class X11Pasteboard : public Pasteboard {
 public:
     static constexpr std::chrono::milliseconds readTimeout{1000};
+    // How long the exit waits for a clipboard manager to take the contents over.
+    static constexpr std::chrono::milliseconds handOverTimeout{3000};
 
-    // Connects to displayName, or to $DISPLAY when it is empty. Without a server or XFixes every read gives
-    // nothing and writes are dropped.
-    explicit X11Pasteboard(const QByteArray& displayName = {});
+    // Works on the pump's connection; the pump must outlive this object. Without a server or XFixes every
+    // read gives nothing and writes are dropped.
+    explicit X11Pasteboard(X11EventPump& pump);
     X11Pasteboard(const X11Pasteboard&) = delete;
     X11Pasteboard& operator=(const X11Pasteboard&) = delete;
-    // Hands contents it still owns to a running clipboard manager, so they outlive this process.
+    // Hands contents it still owns to a running clipboard manager, so they outlive this process. Blocks for
+    // up to handOverTimeout while serving the manager, since at exit there is no event loop left to return
+    // to.
     ~X11Pasteboard() override;
 
     bool isConnected() const;
@@ -26,10 +32,10 @@ public:
     bool ownsClipboard();
 
     qint64 changeCount() override;
-    std::optional<QStringList> types() override;
-    std::optional<QByteArray> data(const QString& type) override;
-    std::optional<QString> string() override;
-    PasteboardSnapshot snapshot() override;
+    QCoro::Task<std::optional<QStringList>> types() override;
+    QCoro::Task<std::optional<QByteArray>> data(QString type) override;
+    QCoro::Task<std::optional<QString>> string() override;
+    QCoro::Task<PasteboardSnapshot> snapshot() override;
     void restore(const PasteboardSnapshot& snapshot) override;
     void clear() override;
     void writeString(const QString& text) override;

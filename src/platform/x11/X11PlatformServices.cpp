@@ -19,6 +19,7 @@
 #include "platform/x11/UnavailableAccessibilityTree.h"
 #include "platform/x11/X11ApplicationWorkspace.h"
 #include "platform/x11/X11DisplayConnection.h"
+#include "platform/x11/X11EventPump.h"
 #include "platform/x11/X11HotkeyRegistrar.h"
 #include "platform/x11/X11InputSources.h"
 #include "platform/x11/X11ModifierKeyState.h"
@@ -27,9 +28,12 @@
 #include "platform/x11/X11SyntheticKeyboard.h"
 
 struct PlatformServices::Shared {
-    // Synthetic keys, modifier state and grants share one connection; the services that follow events
-    // (clipboard, workspace, hotkeys) each keep their own so their queues never mix.
+    explicit Shared(Clock& clock) : pump(display.get(), clock) {}
+
+    // One connection for every service; those that follow events or await other clients' answers do so
+    // through the one pump, so no service can take another's events.
     X11DisplayConnection display;
+    X11EventPump pump;
 };
 
 PlatformServices::PlatformServices() = default;
@@ -37,17 +41,18 @@ PlatformServices::PlatformServices(PlatformServices&&) noexcept = default;
 PlatformServices& PlatformServices::operator=(PlatformServices&&) noexcept = default;
 PlatformServices::~PlatformServices() = default;
 
-PlatformServices PlatformServices::create()
+PlatformServices PlatformServices::create(Clock& clock)
 {
     PlatformServices services;
-    services.m_shared = std::make_unique<Shared>();
+    services.m_shared = std::make_unique<Shared>(clock);
     Display* display = services.m_shared->display.get();
+    X11EventPump& pump = services.m_shared->pump;
 
     services.inputSources = std::make_unique<X11InputSources>();
     services.languageRecognizer = std::make_unique<TextcatLanguageRecognizer>();
     services.urlOpener = std::make_unique<DesktopUrlOpener>();
-    services.pasteboard = std::make_unique<X11Pasteboard>();
-    auto workspace = std::make_unique<X11ApplicationWorkspace>();
+    services.pasteboard = std::make_unique<X11Pasteboard>(pump);
+    auto workspace = std::make_unique<X11ApplicationWorkspace>(pump);
     ApplicationWorkspace* workspaceView = workspace.get();
     services.workspace = std::move(workspace);
     // Without an accessibility bus every accessible read is empty and the clipboard route serves alone.
