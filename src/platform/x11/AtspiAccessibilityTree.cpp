@@ -342,6 +342,14 @@ AtspiAccessibilityTree::AtspiAccessibilityTree(std::chrono::milliseconds callTim
     // WORKAROUND: AT-SPI aborts the process on any call once it has failed to reach its bus, so nothing is
     // asked of it unless the bus is really there; init answers 1 when another part of the process was first.
     m_available = (status == 0 || status == 1) && atspi_get_a11y_bus() != nullptr;
+    m_startedLibrary = status == 0;
+}
+
+AtspiAccessibilityTree::~AtspiAccessibilityTree()
+{
+    if (m_startedLibrary) {
+        atspi_exit();
+    }
 }
 
 AccessibilityElement AtspiAccessibilityTree::applicationElement(qint32 processIdentifier)
@@ -555,6 +563,8 @@ bool AtspiAccessibilityTree::isSameElement(const AccessibilityElement& first,
         return true;
     }
     // Two proxies of one remote object: the same application connection and object path.
+    // WORKAROUND: AT-SPI has no call that compares two proxies, and none that gives an object's bus name
+    // and path; its structures are public in the headers, so they are read directly.
     const AtspiObject& a = one->parent;
     const AtspiObject& b = other->parent;
     return a.app != nullptr && b.app != nullptr && a.path != nullptr && b.path != nullptr &&

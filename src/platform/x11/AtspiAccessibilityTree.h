@@ -14,6 +14,11 @@ public:
 
     // Connects to the accessibility bus of the session (AT-SPI keeps one connection per process).
     explicit AtspiAccessibilityTree(std::chrono::milliseconds callTimeout = defaultCallTimeout);
+    // Shuts AT-SPI down again when this tree was what started it. Elements it handed out must be gone by
+    // then.
+    ~AtspiAccessibilityTree() override;
+    AtspiAccessibilityTree(const AtspiAccessibilityTree&) = delete;
+    AtspiAccessibilityTree& operator=(const AtspiAccessibilityTree&) = delete;
 
     bool isAvailable() const { return m_available; }
 
@@ -36,4 +41,6 @@ public:
 
 private:
     bool m_available = false;
+    // Whether this tree's start was the one that set the library up (another part of the process may have).
+    bool m_startedLibrary = false;
 };
