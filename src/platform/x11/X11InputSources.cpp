@@ -1,63 +1,20 @@
 #include "platform/x11/X11InputSources.h"
 
+#include "platform/x11/X11KeyPositions.h"
 #include "platform/x11/X11WindowProperty.h"
 
 #include <QStringList>
 #include <X11/XKBlib.h>
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
-#include <array>
-#include <cstring>
 #include <xkbcommon/xkbcommon.h>
 
 namespace {
-
-// XKB key names of the macOS virtual key codes of the main block, indexed by key code. The keypad is left
-// out on purpose: its decimal key types "," on many native layouts and would take over the map entry of
-// the "." key. Codes 10 and 50 follow the ISO keyboard, where the mac section key sits beside Left Shift.
-constexpr std::array<const char*, 128> macKeyNames = [] {
-    std::array<const char*, 128> names{};
-    const std::pair<int, const char*> table[] = {
-        {0, "AC01"},  {1, "AC02"},  {2, "AC03"},  {3, "AC04"},  {4, "AC06"},  {5, "AC05"},  {6, "AB01"},
-        {7, "AB02"},  {8, "AB03"},  {9, "AB04"},  {10, "LSGT"}, {11, "AB05"}, {12, "AD01"}, {13, "AD02"},
-        {14, "AD03"}, {15, "AD04"}, {16, "AD06"}, {17, "AD05"}, {18, "AE01"}, {19, "AE02"}, {20, "AE03"},
-        {21, "AE04"}, {22, "AE06"}, {23, "AE05"}, {24, "AE12"}, {25, "AE09"}, {26, "AE07"}, {27, "AE11"},
-        {28, "AE08"}, {29, "AE10"}, {30, "AD12"}, {31, "AD09"}, {32, "AD07"}, {33, "AD11"}, {34, "AD08"},
-        {35, "AD10"}, {36, "RTRN"}, {37, "AC09"}, {38, "AC07"}, {39, "AC11"}, {40, "AC08"}, {41, "AC10"},
-        {42, "BKSL"}, {43, "AB08"}, {44, "AB10"}, {45, "AB06"}, {46, "AB07"}, {47, "AB09"}, {48, "TAB"},
-        {49, "SPCE"}, {50, "TLDE"}, {93, "AE13"}, {94, "AB11"},
-    };
-    for (const auto& [code, name] : table)
-        names[code] = name;
-    return names;
-}();
 
 struct KeyboardDeleter {
     void operator()(XkbDescPtr desc) const { XkbFreeKeyboard(desc, XkbAllComponentsMask, True); }
 };
 using KeyboardPtr = std::unique_ptr<XkbDescRec, KeyboardDeleter>;
-
-bool sameKeyName(const char (&name)[XkbKeyNameLength], const char* wanted)
-{
-    return std::strncmp(name, wanted, XkbKeyNameLength) == 0;
-}
-
-KeyCode keycodeNamed(const XkbDescRec& desc, const char* wanted)
-{
-    for (int code = desc.min_key_code; code <= desc.max_key_code; ++code) {
-        if (sameKeyName(desc.names->keys[code].name, wanted))
-            return KeyCode(code);
-    }
-    for (int i = 0; i < desc.names->num_key_aliases; ++i) {
-        const XkbKeyAliasRec& alias = desc.names->key_aliases[i];
-        if (sameKeyName(alias.alias, wanted)) {
-            const char real[XkbKeyNameLength + 1] = {alias.real[0], alias.real[1], alias.real[2],
-                                                     alias.real[3], 0};
-            return keycodeNamed(desc, real);
-        }
-    }
-    return 0;
-}
 
 // The layouts and variants the server was configured with, "us,ru" and ",phonetic" as "us", "ru(phonetic)".
 QStringList configuredLayouts(Display* display)
@@ -95,7 +52,7 @@ struct X11InputSources::Keymap {
     KeyboardPtr desc;
     QList<std::optional<QString>> names;
     QStringList ids;
-    std::array<KeyCode, 128> keycodes{};
+    X11KeyPositions positions;
 };
 
 struct X11InputSources::Group {
@@ -150,10 +107,7 @@ std::shared_ptr<const X11InputSources::Keymap> X11InputSources::fetchKeymap() co
             id += QStringLiteral("#%1").arg(group + 1);
         keymap->ids.append(id);
     }
-    for (std::size_t code = 0; code < macKeyNames.size(); ++code) {
-        if (macKeyNames[code])
-            keymap->keycodes[code] = keycodeNamed(*desc, macKeyNames[code]);
-    }
+    keymap->positions = X11KeyPositions::of(*desc);
     keymap->desc = std::move(desc);
     return keymap;
 }
@@ -199,10 +153,10 @@ std::int32_t X11InputSources::selectSource(const InputSourceRef& source)
 std::optional<QString> X11InputSources::translateKey(const InputSourceRef& source, int keyCode, bool shift)
 {
     const auto* group = static_cast<const Group*>(source.get());
-    if (!group || keyCode < 0 || keyCode >= int(macKeyNames.size()))
+    if (!group || keyCode < 0 || keyCode > 0xFFFF)
         return std::nullopt;
     const Keymap& keymap = *group->keymap;
-    const KeyCode keycode = keymap.keycodes[std::size_t(keyCode)];
+    const KeyCode keycode = keymap.positions.keycode(quint16(keyCode));
     if (keycode == 0)
         return std::nullopt;
     const unsigned int state = XkbBuildCoreState(shift ? ShiftMask : 0, group->index);

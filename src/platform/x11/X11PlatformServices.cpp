@@ -69,6 +69,6 @@ PlatformServices PlatformServices::create(Clock& clock)
     services.modifiers = std::make_unique<X11ModifierKeyState>(display);
     services.permissions = std::make_unique<X11PermissionProbe>(display);
     services.processRunner = std::make_unique<QtProcessRunner>();
-    services.hotkeyRegistrar = std::make_unique<X11HotkeyRegistrar>();
+    services.hotkeyRegistrar = std::make_unique<X11HotkeyRegistrar>(pump);
     return services;
 }
