@@ -5,6 +5,10 @@
 // macOS virtual key codes that code refers to by name. Stored hotkeys use these codes on every platform;
 // the full name tables live with the parser and the formatter.
 namespace MacKeyCode {
+// The keys of the synthetic shortcuts: select all, copy, paste.
+constexpr quint16 a = 0;
+constexpr quint16 c = 8;
+constexpr quint16 v = 9;
 constexpr quint16 returnKey = 36;
 constexpr quint16 tab = 48;
 constexpr quint16 space = 49;

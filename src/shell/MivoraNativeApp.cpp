@@ -110,6 +110,9 @@ void MivoraNativeApp::start()
 
     m_appState->startSystemSurfaceObserver();
     m_hotkeys->start(*m_appState);
+    // Registration is over when start returns (a failure was told above); whoever drives the app from
+    // outside may press from now on.
+    QTextStream(stdout) << "MivoraAI hotkeys ready" << Qt::endl;
     m_clipboardHistory->attach(*m_appState);
     m_updateManager->startAutomaticChecks([this] { return m_appState->settings(); });
     m_permissions->refreshPermissions();

@@ -24,8 +24,8 @@ public:
     QProcessEnvironment environment() const;
     // Starts the resident app; true once the process runs.
     bool start();
-    // Waits until the app has registered its hotkeys; a press sent before that would reach the focused
-    // window instead. False when it ended or took longer than the guard.
+    // Waits until the app says its hotkeys are registered; a press sent before that would reach the
+    // focused window instead. False when it ended or took longer than the guard.
     bool waitForHotkeys(std::chrono::milliseconds guard = std::chrono::seconds(10));
     // Waits until the standard error holds the text.
     bool waitForStandardError(const QString& text,
@@ -40,4 +40,5 @@ private:
     QTemporaryDir m_home;
     QProcess m_process;
     QByteArray m_standardError;
+    QByteArray m_standardOutput;
 };

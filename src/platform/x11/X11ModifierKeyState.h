@@ -1,9 +1,11 @@
 #pragma once
 
-#include "X11DisplayConnection.h"
 #include "platform/ModifierKeyState.h"
 
-#include <QList>
+#include <vector>
+
+// Xlib's own declaration, repeated so this header stays free of Xlib's macros.
+typedef struct _XDisplay Display;
 
 // The physical modifier keys from the server's key map (XQueryKeymap), so keys held for another
 // application count too. Without a display nothing is ever held.
@@ -14,7 +16,10 @@ public:
 
     bool isAnyModifierHeld() override;
 
+    // The keycodes that are down now and carry a modifier in the server's modifier map (Shift, Control,
+    // Alt, Super, AltGr...), the lock keys aside; empty without a display. Two round trips.
+    static std::vector<unsigned char> heldModifierKeys(Display* display);
+
 private:
     Display* m_display;
-    QList<unsigned char> m_modifierKeys;
 };

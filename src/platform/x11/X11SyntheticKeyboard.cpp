@@ -1,12 +1,19 @@
 #include "X11SyntheticKeyboard.h"
 
 #include "X11DisplayConnection.h"
+#include "X11KeyPositions.h"
+#include "X11ModifierKeyState.h"
+#include "X11WindowProperty.h"
+#include "hotkeys/MacKeyCode.h"
 
-#include <QHash>
 #include <QStringList>
 #include <X11/Xlib.h>
+#include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
+#include <algorithm>
+#include <cstring>
+#include <xkbcommon/xkbcommon.h>
 
 X11SyntheticKeyboard::X11SyntheticKeyboard(Display* display, std::function<QString()> frontIdentifier)
     : m_display(display), m_frontIdentifier(std::move(frontIdentifier)),
@@ -50,43 +57,119 @@ bool X11SyntheticKeyboard::isTerminal(const QString& windowClass)
     return terminals.contains(windowClass.toLower());
 }
 
-std::optional<unsigned long> X11SyntheticKeyboard::keySymbol(quint16 virtualKey)
+X11SyntheticKeyboard::~X11SyntheticKeyboard()
 {
-    // macOS virtual key codes of the ANSI letter and digit keys.
-    static const QHash<quint16, unsigned long> symbols{
-        {0, XK_a},  {11, XK_b}, {8, XK_c},  {2, XK_d},  {14, XK_e}, {3, XK_f},  {5, XK_g},  {4, XK_h},
-        {34, XK_i}, {38, XK_j}, {40, XK_k}, {37, XK_l}, {46, XK_m}, {45, XK_n}, {31, XK_o}, {35, XK_p},
-        {12, XK_q}, {15, XK_r}, {1, XK_s},  {17, XK_t}, {32, XK_u}, {9, XK_v},  {13, XK_w}, {7, XK_x},
-        {16, XK_y}, {6, XK_z},  {29, XK_0}, {18, XK_1}, {19, XK_2}, {20, XK_3}, {21, XK_4}, {23, XK_5},
-        {22, XK_6}, {26, XK_7}, {28, XK_8}, {25, XK_9},
-    };
-    const auto it = symbols.constFind(virtualKey);
-    return it == symbols.cend() ? std::nullopt : std::optional(*it);
+    if (m_borrowedKeys.empty()) {
+        return;
+    }
+    KeySym none = NoSymbol;
+    for (const auto& [symbol, keycode] : m_borrowedKeys) {
+        XChangeKeyboardMapping(m_display, keycode, 1, &none, 1);
+    }
+    XFlush(m_display);
 }
 
-bool X11SyntheticKeyboard::post(unsigned int keycode, bool press)
+unsigned long X11SyntheticKeyboard::usLabel(quint16 virtualKey)
+{
+    // XKB names the keys of the alphanumeric block by row and column: AE01 (1), AD01 (Q), AC01 (A)...
+    const char* name = X11KeyPositions::keyName(virtualKey);
+    if (name == nullptr || name[0] != 'A' || std::strlen(name) != 4) {
+        return NoSymbol;
+    }
+    struct Us {
+        xkb_context* context = xkb_context_new(XKB_CONTEXT_NO_FLAGS);
+        xkb_rule_names names{"evdev", "pc105", "us", "", ""};
+        xkb_keymap* keymap =
+            context ? xkb_keymap_new_from_names(context, &names, XKB_KEYMAP_COMPILE_NO_FLAGS) : nullptr;
+    };
+    static const Us us;
+    if (us.keymap == nullptr) {
+        return NoSymbol;
+    }
+    const xkb_keycode_t keycode = xkb_keymap_key_by_name(us.keymap, name);
+    const xkb_keysym_t* symbols = nullptr;
+    if (keycode == XKB_KEYCODE_INVALID ||
+        xkb_keymap_key_get_syms_by_level(us.keymap, keycode, 0, 0, &symbols) < 1) {
+        return NoSymbol;
+    }
+    return symbols[0];
+}
+
+unsigned char X11SyntheticKeyboard::shortcutKey(quint16 virtualKey)
+{
+    const KeySym label = usLabel(virtualKey);
+    if (label == NoSymbol) {
+        return 0;
+    }
+    // Applications match shortcuts by the symbol a key types, so the key typing "c" in any group is the
+    // copy key, wherever it sits.
+    if (const KeyCode typed = XKeysymToKeycode(m_display, label); typed != 0) {
+        return typed;
+    }
+    // WORKAROUND: a keymap without Latin letters (Russian alone) has no key that types "c", and
+    // applications that match by symbol then take no Control+C at all. An unused keycode is given the
+    // letter for as long as this keyboard lives; the keymap is otherwise left as it was.
+    if (const auto borrowed = m_borrowedKeys.find(label); borrowed != m_borrowedKeys.end()) {
+        return borrowed->second;
+    }
+    int minKeycode = 0;
+    int maxKeycode = 0;
+    XDisplayKeycodes(m_display, &minKeycode, &maxKeycode);
+    int perKeycode = 0;
+    const XPtr<KeySym> symbols(
+        XGetKeyboardMapping(m_display, KeyCode(minKeycode), maxKeycode - minKeycode + 1, &perKeycode));
+    if (!symbols) {
+        return 0;
+    }
+    for (int keycode = maxKeycode; keycode >= minKeycode; --keycode) {
+        const KeySym* row = symbols.get() + (keycode - minKeycode) * perKeycode;
+        if (std::all_of(row, row + perKeycode, [](KeySym symbol) { return symbol == NoSymbol; })) {
+            KeySym cases[2] = {NoSymbol, NoSymbol};
+            XConvertCase(label, &cases[0], &cases[1]);
+            XChangeKeyboardMapping(m_display, keycode, 2, cases, 1);
+            XSync(m_display, False);
+            m_borrowedKeys.emplace(label, static_cast<unsigned char>(keycode));
+            return static_cast<unsigned char>(keycode);
+        }
+    }
+    return 0;
+}
+
+bool X11SyntheticKeyboard::post(unsigned char keycode, bool press)
 {
     return XTestFakeKeyEvent(m_display, keycode, press ? True : False, CurrentTime) != 0;
 }
 
 bool X11SyntheticKeyboard::pressShortcut(quint16 virtualKey)
 {
-    const std::optional<unsigned long> symbol = keySymbol(virtualKey);
-    if (!m_hasXTest || !symbol) {
+    if (!m_hasXTest) {
         return false;
     }
-    const unsigned int key = XKeysymToKeycode(m_display, KeySym(*symbol));
-    const unsigned int control = XKeysymToKeycode(m_display, XK_Control_L);
+    const unsigned char key = shortcutKey(virtualKey);
+    const unsigned char control = XKeysymToKeycode(m_display, XK_Control_L);
     if (key == 0 || control == 0) {
         return false;
     }
-    m_heldModifiers = {control};
-    const bool copyOrPaste = *symbol == XK_c || *symbol == XK_v;
-    if (copyOrPaste && m_frontIdentifier && isTerminal(m_frontIdentifier())) {
-        m_heldModifiers.append(XKeysymToKeycode(m_display, XK_Shift_L));
-    }
+    // WORKAROUND: a hotkey held down makes its passive grab the keyboard's active grab again with each
+    // auto-repeat; when that grab is this connection's, the shortcut would come back here.
+    XUngrabKeyboard(m_display, CurrentTime);
+
     bool posted = true;
-    for (const unsigned int modifier : m_heldModifiers) {
+    // WORKAROUND: XTest events carry no flags of their own; the server adds whatever is held, so Alt
+    // still held from Alt+A would make the copy Control+Alt+C. Each held modifier is pressed (a no-op
+    // when this device already holds it, and it then owns the key) and released, which lets it go
+    // whichever keyboard holds it.
+    m_liftedModifiers = X11ModifierKeyState::heldModifierKeys(m_display);
+    for (const unsigned char modifier : m_liftedModifiers) {
+        posted = post(modifier, true) && posted;
+        posted = post(modifier, false) && posted;
+    }
+    m_pressedModifiers = {control};
+    if ((virtualKey == MacKeyCode::c || virtualKey == MacKeyCode::v) && m_frontIdentifier &&
+        isTerminal(m_frontIdentifier())) {
+        m_pressedModifiers.push_back(XKeysymToKeycode(m_display, XK_Shift_L));
+    }
+    for (const unsigned char modifier : m_pressedModifiers) {
         posted = post(modifier, true) && posted;
     }
     posted = post(key, true) && posted;
@@ -96,15 +179,24 @@ bool X11SyntheticKeyboard::pressShortcut(quint16 virtualKey)
 
 bool X11SyntheticKeyboard::releaseShortcut(quint16 virtualKey)
 {
-    const std::optional<unsigned long> symbol = keySymbol(virtualKey);
-    if (!m_hasXTest || !symbol) {
+    if (!m_hasXTest) {
         return false;
     }
-    bool posted = post(XKeysymToKeycode(m_display, KeySym(*symbol)), false);
-    for (auto it = m_heldModifiers.crbegin(); it != m_heldModifiers.crend(); ++it) {
+    const unsigned char key = shortcutKey(virtualKey);
+    if (key == 0) {
+        return false;
+    }
+    bool posted = post(key, false);
+    for (auto it = m_pressedModifiers.crbegin(); it != m_pressedModifiers.crend(); ++it) {
         posted = post(*it, false) && posted;
     }
-    m_heldModifiers.clear();
+    m_pressedModifiers.clear();
+    // The user's fingers are still on them: the server's state must say so again, or the next chord
+    // pressed without lifting them would arrive bare.
+    for (const unsigned char modifier : m_liftedModifiers) {
+        posted = post(modifier, true) && posted;
+    }
+    m_liftedModifiers.clear();
     XFlush(m_display);
     return posted;
 }
