@@ -2,10 +2,17 @@
 
 #include <QRectF>
 
+AccessibilityElement FakeAccessibilityTree::make(const QString& role)
+{
+    m_nodes.push_back(std::make_unique<Node>());
+    m_nodes.back()->attributes.insert(QStringLiteral("AXRole"), role);
+    // Aliasing an empty owner: the element points at the node without sharing its ownership.
+    return AccessibilityElement(std::shared_ptr<void>(std::shared_ptr<void>(), m_nodes.back().get()));
+}
+
 AccessibilityElement FakeAccessibilityTree::addApplication(qint32 processIdentifier)
 {
-    AccessibilityElement element(std::make_shared<Node>());
-    node(element).attributes.insert(QStringLiteral("AXRole"), QStringLiteral("AXApplication"));
+    const AccessibilityElement element = make(QStringLiteral("AXApplication"));
     node(element).settable << QStringLiteral("AXFocusedWindow") << QStringLiteral("AXManualAccessibility");
     m_applications.insert(processIdentifier, element);
     return element;
@@ -13,8 +20,7 @@ AccessibilityElement FakeAccessibilityTree::addApplication(qint32 processIdentif
 
 AccessibilityElement FakeAccessibilityTree::add(const AccessibilityElement& parent, const QString& role)
 {
-    AccessibilityElement element(std::make_shared<Node>());
-    node(element).attributes.insert(QStringLiteral("AXRole"), role);
+    const AccessibilityElement element = make(role);
     if (parent) {
         node(element).parent = parent;
         node(parent).children.append(element);

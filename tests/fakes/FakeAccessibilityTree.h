@@ -6,10 +6,15 @@
 #include <QMap>
 #include <QRectF>
 #include <QSet>
+#include <memory>
+#include <vector>
 
 // An in-memory accessibility tree. Nodes keep their attributes in a map; AXParent and AXChildren come from
-// the structure. Setting AXFocused on a node that accepts it makes it the focused element of its
-// application (the root above it). Reads are counted so tests can check the bounds of the walks.
+// the structure. The tree owns every node; the elements it hands out (and the links between nodes) only
+// refer to them, so parents, children and focused elements form no ownership cycle, and an element must
+// not be used after its tree is gone. Setting AXFocused on a node that accepts it makes it the focused
+// element of its application (the root above it). Reads are counted so tests can check the bounds of the
+// walks.
 class FakeAccessibilityTree : public AccessibilityTree {
 public:
     struct Node {
@@ -57,9 +62,11 @@ public:
     bool isSameElement(const AccessibilityElement& first, const AccessibilityElement& second) override;
 
 private:
+    AccessibilityElement make(const QString& role);
     AccessibilityElement root(const AccessibilityElement& element);
     void takeFocus(const AccessibilityElement& element);
 
+    std::vector<std::unique_ptr<Node>> m_nodes;
     QHash<qint32, AccessibilityElement> m_applications;
     QList<std::pair<AccessibilityElement, QList<AccessibilityElement>>> m_searchResults;
     QList<std::pair<QString, AccessibilityValue>> m_setCalls;
