@@ -5,7 +5,10 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/deps.sh
-cmake --preset debug >/dev/null
+# In CI (CI=true) every warning is an error.
+werror=OFF
+[ "${CI:-}" = "true" ] && werror=ON
+cmake --preset debug -DMIVORA_WARNINGS_AS_ERRORS=$werror >/dev/null
 cmake --build --preset debug
 
 sandbox=$(mktemp -d)
@@ -19,3 +22,14 @@ export QT_QPA_PLATFORM=offscreen
 ctest --preset debug -LE x11
 # The X11 tests start their own Xvfb and window manager through the wrapper.
 QT_QPA_PLATFORM=xcb tests/x11/with-xvfb.sh ctest --preset debug -L x11
+
+# In CI the suites that need no display run again under AddressSanitizer, LeakSanitizer and UBSan (a few
+# minutes more on two cores); elsewhere MIVORA_TEST_SANITIZERS=1 asks for it.
+if [ "${CI:-}" = "true" ] || [ "${MIVORA_TEST_SANITIZERS:-}" = "1" ]; then
+    cmake --preset debug-asan -DMIVORA_WARNINGS_AS_ERRORS=$werror >/dev/null
+    cmake --build --preset debug-asan --target mivora_unit_tests
+    # The X11 suites are not built here and would show as <suite>_NOT_BUILT. The notes crash test counts
+    # kills of a child process within ten seconds of wall time, which the sanitizers' slower process start
+    # makes meaningless; it runs in the plain build above.
+    ctest --preset debug-asan -LE x11 -E '_NOT_BUILT$|KilledWhileSavingAlwaysLeavesLoadableFiles'
+fi
