@@ -55,6 +55,7 @@ void FocusService::remember(const RunningApplication& application)
     }
     m_rememberedBundleIdentifier = application.bundleIdentifier;
     m_rememberedProcessIdentifier = application.processIdentifier;
+    m_rememberedDesktopWindow = m_workspace.lastActiveWindow(application.processIdentifier);
     m_rememberedWindow =
         m_attributes.elementAttribute(m_attributes.tree().applicationElement(application.processIdentifier),
                                       QStringLiteral("AXFocusedWindow"));
@@ -66,7 +67,13 @@ bool FocusService::activate(const QString& bundleIdentifier)
     if (!application) {
         return false;
     }
-    return application->isActive || m_workspace.activate(application->processIdentifier);
+    return application->isActive || activate(application->processIdentifier);
+}
+
+bool FocusService::activate(qint32 processIdentifier)
+{
+    const bool remembered = m_rememberedProcessIdentifier == processIdentifier;
+    return m_workspace.activate(processIdentifier, remembered ? m_rememberedDesktopWindow : 0);
 }
 
 bool FocusService::beginAIReplyPaste(qint32 processIdentifier)
@@ -77,7 +84,7 @@ bool FocusService::beginAIReplyPaste(qint32 processIdentifier)
         AccessibilityTree& tree = m_attributes.tree();
         tree.setAttribute(tree.applicationElement(processIdentifier), QStringLiteral("AXManualAccessibility"),
                           true);
-        if (application->isActive || m_workspace.activate(processIdentifier)) {
+        if (application->isActive || activate(processIdentifier)) {
             return true;
         }
     }

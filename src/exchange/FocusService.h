@@ -19,12 +19,20 @@ public:
     const std::optional<QString>& rememberedBundleIdentifier() const { return m_rememberedBundleIdentifier; }
     std::optional<qint32> rememberedProcessIdentifier() const { return m_rememberedProcessIdentifier; }
     const AccessibilityElement& rememberedWindow() const { return m_rememberedWindow; }
+    // The desktop's window that was in front when the application was remembered, or 0.
+    ApplicationWorkspace::WindowIdentifier rememberedDesktopWindow() const
+    {
+        return m_rememberedDesktopWindow;
+    }
     const AccessibilityElement& replyEditor() const { return m_replyEditor; }
     std::optional<qint32> restoringProcessIdentifier() const { return m_restoringProcessIdentifier; }
 
     // Brings the first running application with this identifier forward; true when it is in front already
     // or the request could be made.
     bool activate(const QString& bundleIdentifier);
+    // Brings the process forward with the window it was remembered with (any of its windows when it is not
+    // the remembered one); true when the request could be made.
+    bool activate(qint32 processIdentifier);
     // Raises the guard against taking the paste target's activation for a change of target, and brings the
     // target forward. False (and the guard lowered) when it cannot be had.
     bool beginAIReplyPaste(qint32 processIdentifier);
@@ -67,6 +75,7 @@ private:
     std::optional<QString> m_rememberedBundleIdentifier;
     std::optional<qint32> m_rememberedProcessIdentifier;
     AccessibilityElement m_rememberedWindow;
+    ApplicationWorkspace::WindowIdentifier m_rememberedDesktopWindow = 0;
     AccessibilityElement m_replyEditor;
     std::optional<qint32> m_restoringProcessIdentifier;
     ListenerSubscription m_activations;

@@ -39,7 +39,7 @@ bool PasteboardService::activateRememberedTarget()
     if (const std::optional<qint32> processIdentifier = focus.rememberedProcessIdentifier()) {
         if (const std::optional<RunningApplication> application =
                 focus.runningApplication(*processIdentifier)) {
-            return application->isActive || m_services.workspace.activate(*processIdentifier);
+            return application->isActive || focus.activate(*processIdentifier);
         }
     }
     if (const std::optional<QString>& bundleIdentifier = focus.rememberedBundleIdentifier()) {

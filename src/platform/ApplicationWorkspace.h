@@ -11,6 +11,8 @@
 class ApplicationWorkspace {
 public:
     using ActivationHandler = std::function<void(const RunningApplication&)>;
+    // One top-level window on the desktop; 0 is none.
+    using WindowIdentifier = quint64;
 
     virtual ~ApplicationWorkspace() = default;
 
@@ -22,9 +24,14 @@ public:
     virtual std::optional<RunningApplication> application(const QString& bundleIdentifier) = 0;
     // The application in front, or nullopt when no window has the focus. GUI thread.
     virtual std::optional<RunningApplication> frontmostApplication() = 0;
-    // Asks the desktop to bring the application forward, taking the focus from this program; true when the
-    // request could be made, not when it has been honoured. GUI thread; non-blocking.
-    virtual bool activate(qint32 processIdentifier) = 0;
+    // The window of that process that was in front most recently while the workspace watched, or 0. GUI
+    // thread; non-blocking.
+    virtual WindowIdentifier lastActiveWindow(qint32 processIdentifier) = 0;
+    // Asks the desktop to bring the application forward, taking the focus from this program: with window in
+    // front while it is still one of the application's, otherwise the application's most recently active
+    // window. True when the request could be made, not when it has been honoured. GUI thread; a few round
+    // trips.
+    virtual bool activate(qint32 processIdentifier, WindowIdentifier window) = 0;
     // This program's own process, which never counts as a target. Non-blocking.
     virtual qint32 currentProcessIdentifier() = 0;
     // Calls handler on the GUI thread each time another application comes to the front, for as long as the

@@ -27,6 +27,7 @@ TEST_F(ReadSelectionTest, NothingSelectedTriesThreeCopiesWithGrowingWaitsAndPuts
     EXPECT_EQ(pasteboard.contents(), original);
     EXPECT_EQ(capture.log, (QStringList{"suppress 3500", "finish restored"}));
     EXPECT_EQ(workspace.activations, QList<qint32>{target});
+    EXPECT_EQ(workspace.activatedWindows, QList<quint64>{target * 10}) << "the window it was remembered with";
 }
 
 TEST_F(ReadSelectionTest, FoundTextComesBackUntrimmedAfterTheClipboardIsRestored)
@@ -150,6 +151,7 @@ TEST_F(ReadSelectionTest, AnActiveTargetIsNotActivatedAgainAndAGoneOneIsLookedUp
     workspace.addApplication(77, QStringLiteral("org.example.chat"));
     read(false, false, PasteboardTiming::standardTiming());
     EXPECT_EQ(workspace.activations, QList<qint32>{77});
+    EXPECT_EQ(workspace.activatedWindows, QList<quint64>{0});
 }
 
 } // namespace

@@ -43,9 +43,10 @@ void FakeApplicationWorkspace::bringToFront(qint32 processIdentifier)
     }
 }
 
-bool FakeApplicationWorkspace::activate(qint32 processIdentifier)
+bool FakeApplicationWorkspace::activate(qint32 processIdentifier, WindowIdentifier window)
 {
     activations.append(processIdentifier);
+    activatedWindows.append(window);
     if (!activationSucceeds || !application(processIdentifier)) {
         return false;
     }

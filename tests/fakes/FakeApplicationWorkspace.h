@@ -2,8 +2,9 @@
 
 #include "platform/ApplicationWorkspace.h"
 
-// A desktop of scripted applications. activate() records the request and, unless told otherwise, brings
-// the application to the front at once and tells the activation listeners, as a window manager would.
+// A desktop of scripted applications with one window each, numbered ten times the process. activate()
+// records the request and, unless told otherwise, brings the application to the front at once and tells the
+// activation listeners, as a window manager would.
 class FakeApplicationWorkspace : public ApplicationWorkspace {
 public:
     static constexpr qint32 ownProcess = 1;
@@ -23,12 +24,18 @@ public:
     bool activationSucceeds = true;
     bool activationTakesEffect = true;
     QList<qint32> activations;
+    // The window each activation asked for.
+    QList<WindowIdentifier> activatedWindows;
 
     QList<RunningApplication> runningApplications() override;
     std::optional<RunningApplication> application(qint32 processIdentifier) override;
     std::optional<RunningApplication> application(const QString& bundleIdentifier) override;
     std::optional<RunningApplication> frontmostApplication() override;
-    bool activate(qint32 processIdentifier) override;
+    WindowIdentifier lastActiveWindow(qint32 processIdentifier) override
+    {
+        return WindowIdentifier(processIdentifier) * 10;
+    }
+    bool activate(qint32 processIdentifier, WindowIdentifier window) override;
     qint32 currentProcessIdentifier() override { return ownProcess; }
     ListenerSubscription subscribeToActivations(ActivationHandler handler) override
     {

@@ -101,7 +101,7 @@ TEST_F(X11ExchangeAdaptersTest, WorkspaceFollowsActivationsLiveAndActivatesThrou
         return lastActivated() == one.processIdentifier();
     }));
 
-    ASSERT_TRUE(workspace.activate(two.processIdentifier()));
+    ASSERT_TRUE(workspace.activate(two.processIdentifier(), 0));
     EXPECT_TRUE(spinUntil([&] { return lastActivated() == two.processIdentifier(); }));
     EXPECT_TRUE(waitForFront(two.processIdentifier()));
     EXPECT_LT(heardBySecond, activations.size());
@@ -112,7 +112,7 @@ TEST_F(X11ExchangeAdaptersTest, WorkspaceFollowsActivationsLiveAndActivatesThrou
         EXPECT_EQ(application.isActive, application.processIdentifier == two.processIdentifier())
             << application.bundleIdentifier.toStdString();
     }
-    EXPECT_FALSE(workspace.activate(two.processIdentifier() + 100000));
+    EXPECT_FALSE(workspace.activate(two.processIdentifier() + 100000, 0));
 }
 
 TEST_F(X11ExchangeAdaptersTest, ShortcutsReachTheFocusedWindowWithControlAndShiftInTerminals)

@@ -46,6 +46,7 @@ X11ApplicationWorkspace::X11ApplicationWorkspace(X11EventPump& pump) : m_display
     m_lastActive = activeWindow();
     if (const std::optional<ClientWindow> client = describe(m_lastActive, m_lastActive)) {
         m_lastActiveProcess = client->application.processIdentifier;
+        noteActive(*client);
     }
     m_events = pump.subscribe([this](const XEvent& event) {
         if (event.type == PropertyNotify && event.xproperty.window == m_root &&
@@ -68,8 +69,22 @@ void X11ApplicationWorkspace::activeWindowChanged()
     m_lastActive = active;
     m_lastActiveProcess = process;
     if (client) {
+        noteActive(*client);
         m_activations.notify(client->application);
     }
+}
+
+void X11ApplicationWorkspace::noteActive(const ClientWindow& client)
+{
+    QList<unsigned long>& windows = m_recentWindows[client.application.processIdentifier];
+    windows.removeAll(client.window);
+    windows.prepend(client.window);
+}
+
+ApplicationWorkspace::WindowIdentifier X11ApplicationWorkspace::lastActiveWindow(qint32 processIdentifier)
+{
+    const QList<unsigned long> windows = m_recentWindows.value(processIdentifier);
+    return windows.isEmpty() ? 0 : WindowIdentifier(windows.first());
 }
 
 unsigned long X11ApplicationWorkspace::activeWindow()
@@ -178,19 +193,27 @@ std::optional<RunningApplication> X11ApplicationWorkspace::frontmostApplication(
     return client ? std::optional(client->application) : std::nullopt;
 }
 
-bool X11ApplicationWorkspace::activate(qint32 processIdentifier)
+bool X11ApplicationWorkspace::activate(qint32 processIdentifier, WindowIdentifier window)
 {
-    const QList<ClientWindow> clients = clientWindows();
-    const auto it = std::find_if(clients.begin(), clients.end(), [&](const ClientWindow& client) {
-        return client.application.processIdentifier == processIdentifier;
-    });
-    if (it == clients.end()) {
+    QList<unsigned long> windows;
+    for (const ClientWindow& client : clientWindows()) {
+        if (client.application.processIdentifier == processIdentifier) {
+            windows.append(client.window);
+        }
+    }
+    if (windows.isEmpty()) {
         return false;
     }
+    // The asked-for window, then the ones last active, then any: a window closed meanwhile is passed over.
+    QList<unsigned long> preferred{(unsigned long)(window)};
+    preferred.append(m_recentWindows.value(processIdentifier));
+    preferred.append(windows.first());
+    const auto chosen = std::find_if(preferred.begin(), preferred.end(),
+                                     [&](unsigned long candidate) { return windows.contains(candidate); });
     Display* display = m_display;
     XEvent event{};
     event.xclient.type = ClientMessage;
-    event.xclient.window = it->window;
+    event.xclient.window = *chosen;
     event.xclient.message_type = m_activeWindowAtom;
     event.xclient.format = 32;
     // Source indication 2: a pager acting for the user, which window managers honour without focus stealing

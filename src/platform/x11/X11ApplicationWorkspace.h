@@ -3,6 +3,7 @@
 #include "platform/ApplicationWorkspace.h"
 #include "platform/x11/X11EventPump.h"
 
+#include <QHash>
 #include <optional>
 
 // The applications of an EWMH desktop: the windows of _NET_CLIENT_LIST, their process (_NET_WM_PID) and
@@ -19,7 +20,8 @@ public:
     std::optional<RunningApplication> application(qint32 processIdentifier) override;
     std::optional<RunningApplication> application(const QString& bundleIdentifier) override;
     std::optional<RunningApplication> frontmostApplication() override;
-    bool activate(qint32 processIdentifier) override;
+    WindowIdentifier lastActiveWindow(qint32 processIdentifier) override;
+    bool activate(qint32 processIdentifier, WindowIdentifier window) override;
     qint32 currentProcessIdentifier() override;
     ListenerSubscription subscribeToActivations(ActivationHandler handler) override
     {
@@ -38,6 +40,7 @@ private:
     QList<ClientWindow> clientWindows();
     std::optional<ClientWindow> describe(unsigned long window, unsigned long active);
     void activeWindowChanged();
+    void noteActive(const ClientWindow& client);
 
     Display* m_display;
     unsigned long m_root = 0;
@@ -45,6 +48,8 @@ private:
     ListenerList<const RunningApplication&> m_activations;
     unsigned long m_lastActive = 0;
     qint32 m_lastActiveProcess = 0;
+    // Per process, its windows in the order they were last active, latest first.
+    QHash<qint32, QList<unsigned long>> m_recentWindows;
     // Last, so no event reaches a half-destroyed object.
     X11EventPump::Subscription m_events;
 };
