@@ -6,6 +6,7 @@ class AccessibilityTree;
 class Clock;
 class ApplicationWorkspace;
 class GlobalHotkeyRegistrar;
+class InputEventMonitor;
 class InputSourceProvider;
 class LanguageRecognizer;
 class ModifierKeyState;
@@ -47,6 +48,8 @@ public:
     std::unique_ptr<PermissionProbe> permissions;
     std::unique_ptr<ProcessRunner> processRunner;
     std::unique_ptr<GlobalHotkeyRegistrar> hotkeyRegistrar;
+    // Mouse presses going to other applications; its monitors are null where the platform cannot watch them.
+    std::unique_ptr<InputEventMonitor> globalInput;
 
     // Connects to the display server when there is one; without one, each service degrades to "nothing
     // available" rather than failing. Waits for other programs' answers run on clock, which must outlive

@@ -1,6 +1,7 @@
 #include "platform/AccessibilityTree.h"
 #include "platform/ApplicationWorkspace.h"
 #include "platform/GlobalHotkeyRegistrar.h"
+#include "platform/InputEventMonitor.h"
 #include "platform/InputSourceProvider.h"
 #include "platform/LanguageRecognizer.h"
 #include "platform/ModifierKeyState.h"
@@ -18,8 +19,10 @@
 #include "platform/x11/TextcatLanguageRecognizer.h"
 #include "platform/x11/UnavailableAccessibilityTree.h"
 #include "platform/x11/X11ApplicationWorkspace.h"
+#include "platform/x11/X11CompositorSurfaceSignals.h"
 #include "platform/x11/X11DisplayConnection.h"
 #include "platform/x11/X11EventPump.h"
+#include "platform/x11/X11GlobalInputMonitor.h"
 #include "platform/x11/X11HotkeyRegistrar.h"
 #include "platform/x11/X11InputSources.h"
 #include "platform/x11/X11ModifierKeyState.h"
@@ -70,5 +73,7 @@ PlatformServices PlatformServices::create(Clock& clock)
     services.permissions = std::make_unique<X11PermissionProbe>(display);
     services.processRunner = std::make_unique<QtProcessRunner>();
     services.hotkeyRegistrar = std::make_unique<X11HotkeyRegistrar>(pump);
+    services.surfaceSignals = std::make_unique<X11CompositorSurfaceSignals>(display);
+    services.globalInput = std::make_unique<X11GlobalInputMonitor>(pump);
     return services;
 }

@@ -1,0 +1,70 @@
+#include "panels/views/QtLocalInputMonitor.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWidget>
+
+class QtLocalInputMonitor::Entry : public InputEventMonitor::Handle {
+public:
+    Entry(QtLocalInputMonitor& owner, std::shared_ptr<Monitor> monitor)
+        : m_owner(owner), m_monitor(std::move(monitor))
+    {}
+    ~Entry() override { m_owner.m_monitors.remove(m_monitor); }
+
+private:
+    QtLocalInputMonitor& m_owner;
+    std::shared_ptr<Monitor> m_monitor;
+};
+
+QtLocalInputMonitor::QtLocalInputMonitor(QObject* parent) : QObject(parent)
+{
+    qApp->installEventFilter(this);
+}
+
+QtLocalInputMonitor::~QtLocalInputMonitor() = default;
+
+std::unique_ptr<InputEventMonitor::Handle>
+QtLocalInputMonitor::addMonitor(MonitoredInputEvent::Kinds kinds,
+                                std::function<void(const MonitoredInputEvent&)> handler)
+{
+    auto monitor = std::make_shared<Monitor>(Monitor{kinds, std::move(handler)});
+    m_monitors.push_back(monitor);
+    return std::make_unique<Entry>(*this, monitor);
+}
+
+bool QtLocalInputMonitor::eventFilter(QObject* watched, QEvent* event)
+{
+    // Every event passes through here; only window-level presses matter, and only while someone watches.
+    if (m_monitors.empty() || !watched->isWidgetType()) {
+        return false;
+    }
+    MonitoredInputEvent seen;
+    if (event->type() == QEvent::MouseButtonPress) {
+        const Qt::MouseButton button = static_cast<QMouseEvent*>(event)->button();
+        seen.kind = button == Qt::LeftButton    ? MonitoredInputEvent::Kind::leftMouseDown
+                    : button == Qt::RightButton ? MonitoredInputEvent::Kind::rightMouseDown
+                                                : MonitoredInputEvent::Kind::otherMouseDown;
+    } else if (event->type() == QEvent::KeyPress) {
+        seen.kind = MonitoredInputEvent::Kind::keyDown;
+        // Only Escape means anything to the watchers; it carries its macOS key code.
+        seen.macKeyCode = static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape ? 53 : 0;
+    } else {
+        return false;
+    }
+    // An ignored press travels on to the parent widgets, each time through this filter: it counts once.
+    const auto* input = static_cast<QInputEvent*>(event);
+    if (input->timestamp() == m_lastTimestamp && event->type() == m_lastType) {
+        return false;
+    }
+    m_lastTimestamp = input->timestamp();
+    m_lastType = event->type();
+    seen.window = static_cast<QWidget*>(watched)->window();
+    const auto monitors = m_monitors;
+    for (const auto& monitor : monitors) {
+        if (monitor->kinds.testFlag(seen.kind)) {
+            monitor->handler(seen);
+        }
+    }
+    return false;
+}

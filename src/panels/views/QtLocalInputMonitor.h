@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/InputEventMonitor.h"
+
+#include <QEvent>
+#include <QObject>
+#include <list>
+#include <memory>
+
+// Mouse presses and key presses going to this program's own windows, watched through an application-wide
+// event filter that never takes an event. The window reported is the receiving widget's top-level window.
+class QtLocalInputMonitor : public QObject, public InputEventMonitor {
+    Q_OBJECT
+public:
+    explicit QtLocalInputMonitor(QObject* parent = nullptr);
+    ~QtLocalInputMonitor() override;
+
+    std::unique_ptr<Handle> addMonitor(MonitoredInputEvent::Kinds kinds,
+                                       std::function<void(const MonitoredInputEvent&)> handler) override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Monitor {
+        MonitoredInputEvent::Kinds kinds;
+        std::function<void(const MonitoredInputEvent&)> handler;
+    };
+    class Entry;
+
+    std::list<std::shared_ptr<Monitor>> m_monitors;
+    quint64 m_lastTimestamp = 0;
+    QEvent::Type m_lastType = QEvent::None;
+};
