@@ -13,6 +13,8 @@
 #include "exchange/PermissionService.h"
 #include "hotkeys/HotkeyService.h"
 #include "net/DeploymentConfiguration.h"
+#include "panels/StatusHUDController.h"
+#include "panels/StatusHUDSurface.h"
 #include "platform/AccessibilityTree.h"
 #include "platform/ApplicationWorkspace.h"
 #include "platform/GlobalHotkeyRegistrar.h"
@@ -26,14 +28,18 @@
 #include "platform/SystemSurfaceSignals.h"
 #include "platform/Updater.h"
 #include "platform/UrlOpener.h"
+#include "shell/MenuBarController.h"
+#include "shell/MivoraAppDelegate.h"
 #include "shell/PendingPanelTargets.h"
 #include "shell/PendingWindowTargets.h"
+#include "shell/TraySurface.h"
 #include "text/KeyboardLayoutService.h"
 #include "text/MivoraCore.h"
 #include "text/NativeActionService.h"
 #include "updates/AppUpdateClient.h"
 #include "updates/AppUpdateManager.h"
 
+#include <QCoreApplication>
 #include <QNetworkAccessManager>
 #include <QTextStream>
 
@@ -41,8 +47,8 @@ namespace {
 const QString requestPermissionsOnLaunchKey = QStringLiteral("mivora.requestPermissionsOnLaunch");
 } // namespace
 
-MivoraNativeApp::MivoraNativeApp(QObject* parent)
-    : QObject(parent), m_clock(std::make_unique<EventLoopClock>()),
+MivoraNativeApp::MivoraNativeApp(Views views, QObject* parent)
+    : QObject(parent), m_views(std::move(views)), m_clock(std::make_unique<EventLoopClock>()),
       m_defaults(std::make_unique<QSettingsDefaultsStore>()),
       m_settingsStore(std::make_unique<NativeSettingsStore>(*m_defaults)),
       m_platform(PlatformServices::create(*m_clock)), m_network(std::make_unique<QNetworkAccessManager>())
@@ -75,6 +81,50 @@ MivoraNativeApp::MivoraNativeApp(QObject* parent)
     m_updateManager = std::make_unique<AppUpdateManager>(
         std::make_unique<AppUpdateClient>(*m_network, deployment, *m_clock), *m_defaults, *m_clock,
         *m_platform.urlOpener, m_platform.updater.get(), nullptr);
+    makeFace();
+}
+
+void MivoraNativeApp::makeFace()
+{
+    if (m_views.makeStatusHUD) {
+        m_statusHUD = std::make_unique<StatusHUDController>(m_views.makeStatusHUD);
+    }
+    if (m_views.makeMainWindow) {
+        m_mainWindow = m_views.makeMainWindow(
+            *m_appState,
+            MainWindowHooks{[this] { return m_delegate->windowShouldClose(); },
+                            [this] {
+                                if (m_delegate->applicationShouldTerminateAfterLastWindowClosed()) {
+                                    quit();
+                                }
+                            },
+                            {}});
+        m_delegate = std::make_unique<MivoraAppDelegate>(
+            MivoraAppDelegate::Services{*m_clock, *m_defaults, *m_mainWindow, m_views.trayHostAvailable});
+    }
+    if (m_views.makeTray) {
+        MenuBarController::Actions actions;
+        actions.showMainWindow = [this] { showMainWindow(); };
+        actions.refreshPermissions = [this] { m_permissions->refreshPermissions(); };
+        actions.quit = [this] { quit(); };
+        m_menuBar = std::make_unique<MenuBarController>(m_views.makeTray, std::move(actions));
+    }
+}
+
+void MivoraNativeApp::showMainWindow()
+{
+    if (m_delegate) {
+        m_delegate->showMainWindow();
+    }
+}
+
+void MivoraNativeApp::quit()
+{
+    if (m_delegate) {
+        m_delegate->applicationShouldTerminate();
+        m_delegate->stop();
+    }
+    QCoreApplication::quit();
 }
 
 MivoraNativeApp::~MivoraNativeApp()
@@ -109,10 +159,16 @@ void MivoraNativeApp::start()
     });
 
     m_appState->startSystemSurfaceObserver();
+    if (m_statusHUD) {
+        m_statusHUD->attach(*m_appState);
+    }
     m_hotkeys->start(*m_appState);
     // Registration is over when start returns (a failure was told above); whoever drives the app from
     // outside may press from now on.
     QTextStream(stdout) << "MivoraAI hotkeys ready" << Qt::endl;
+    if (m_menuBar) {
+        m_menuBar->attach(*m_appState);
+    }
     m_clipboardHistory->attach(*m_appState);
     m_updateManager->startAutomaticChecks([this] { return m_appState->settings(); });
     m_permissions->refreshPermissions();
@@ -120,5 +176,14 @@ void MivoraNativeApp::start()
     if (m_defaults->value(requestPermissionsOnLaunchKey).toBool()) {
         m_defaults->remove(requestPermissionsOnLaunchKey);
         m_permissions->requestPermissions();
+    }
+    if (m_delegate) {
+        m_delegate->start();
+        // An autostarted program must not pop its window at every login: the setting decides.
+        if (m_appState->settings().openMainWindowOnLaunch) {
+            m_delegate->showMainWindow();
+        } else {
+            m_delegate->moveToMenuBarIfNeeded();
+        }
     }
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "platform/PlatformServices.h"
+#include "shell/MainWindowHost.h"
 
 #include <QObject>
+#include <functional>
 #include <memory>
 #include <qcoro/qcorotask.h>
 
@@ -14,6 +16,8 @@ class EventLoopClock;
 class FocusService;
 class HotkeyService;
 class KeyboardLayoutService;
+class MenuBarController;
+class MivoraAppDelegate;
 class MivoraAppState;
 class MivoraCore;
 class NativeSettingsStore;
@@ -24,13 +28,25 @@ class PendingWindowTargets;
 class PermissionController;
 class PermissionService;
 class QNetworkAccessManager;
+class StatusHUDController;
+class StatusHUDSurface;
+class TraySurface;
 
 // Owns the long-lived objects of the process, creates them in dependency order and starts the resident
 // services in their fixed order. GUI thread.
 class MivoraNativeApp : public QObject {
     Q_OBJECT
 public:
-    explicit MivoraNativeApp(QObject* parent = nullptr);
+    // The program's face, made by the executable's views; an empty member leaves that part out (the command
+    // line has no face at all).
+    struct Views {
+        std::function<std::unique_ptr<StatusHUDSurface>()> makeStatusHUD;
+        std::function<std::unique_ptr<TraySurface>()> makeTray;
+        std::function<bool()> trayHostAvailable;
+        std::function<std::unique_ptr<MainWindowHost>(MivoraAppState&, MainWindowHooks)> makeMainWindow;
+    };
+
+    explicit MivoraNativeApp(Views views = {}, QObject* parent = nullptr);
     ~MivoraNativeApp() override;
 
     MivoraAppState& appState() { return *m_appState; }
@@ -40,8 +56,15 @@ public:
     QCoro::Task<int> runCommand(QString action, QString text);
     // Starts the resident services in their fixed order.
     void start();
+    // Brings the main window forward, as starting the program a second time does.
+    void showMainWindow();
+    // Quits the program from its own menu: windows close for real from here on.
+    void quit();
 
 private:
+    void makeFace();
+
+    Views m_views;
     std::unique_ptr<EventLoopClock> m_clock;
     std::unique_ptr<DefaultsStore> m_defaults;
     std::unique_ptr<NativeSettingsStore> m_settingsStore;
@@ -61,4 +84,8 @@ private:
     std::unique_ptr<PendingWindowTargets> m_windows;
     std::unique_ptr<HotkeyService> m_hotkeys;
     std::unique_ptr<AppUpdateManager> m_updateManager;
+    std::unique_ptr<MainWindowHost> m_mainWindow;
+    std::unique_ptr<MivoraAppDelegate> m_delegate;
+    std::unique_ptr<StatusHUDController> m_statusHUD;
+    std::unique_ptr<MenuBarController> m_menuBar;
 };

@@ -1,11 +1,19 @@
+#include "core/MivoraAppState.h"
+#include "panels/views/StatusHUDPanel.h"
 #include "shell/CommandLine.h"
+#include "shell/DisplaySession.h"
+#include "shell/InstanceChannel.h"
 #include "shell/MivoraNativeApp.h"
 #include "shell/UnixSignalWatcher.h"
+#include "shell/views/MainWindow.h"
+#include "shell/views/MenuBarIcon.h"
+#include "shell/views/TrayIcon.h"
 
 #include <QApplication>
 #include <QCoreApplication>
 #include <QFile>
 #include <QLockFile>
+#include <QProcessEnvironment>
 #include <QStandardPaths>
 #include <QTextStream>
 #include <memory>
@@ -51,24 +59,60 @@ int runOnce(int argc, char** argv, const CommandLine& command)
     return exitCode;
 }
 
+// The widgets of the resident program's face.
+MivoraNativeApp::Views residentViews()
+{
+    MivoraNativeApp::Views views;
+    views.makeStatusHUD = [] { return std::make_unique<StatusHUDPanel>(); };
+    views.makeTray = [] { return std::make_unique<TrayIcon>(); };
+    views.trayHostAvailable = [] { return TrayIcon::isHostAvailable(); };
+    views.makeMainWindow = [](MivoraAppState& state, MainWindowHooks hooks) {
+        return std::make_unique<MainWindow>(state, std::move(hooks));
+    };
+    return views;
+}
+
 int runResident(int argc, char** argv)
 {
+    // Qt would abort without a display; say why instead. Tests that choose another platform plugin on
+    // purpose are left alone.
+    const DisplaySession session = DisplaySession::fromEnvironment(QProcessEnvironment::systemEnvironment());
+    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+    if ((platform.isEmpty() || platform == "xcb") && !session.refusal().isEmpty()) {
+        QTextStream(stderr) << session.refusal() << Qt::endl;
+        return 1;
+    }
+
     QApplication app(argc, argv);
     setIdentity();
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(MenuBarIcon::icon(QApplication::palette().color(QPalette::WindowText)));
 
-    // One resident instance per user session: a second would fight the first over every global hotkey.
-    QLockFile instanceLock(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) +
-                           QStringLiteral("/mivora.lock"));
+    // One resident instance per user session: a second would fight the first over every global hotkey. A
+    // second start brings the first one's window forward instead.
+    const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    InstanceChannel channel(runtime + QStringLiteral("/mivora.socket"));
+    QLockFile instanceLock(runtime + QStringLiteral("/mivora.lock"));
     if (!instanceLock.tryLock(0)) {
+        if (channel.askRunningInstanceToShow()) {
+            return 0;
+        }
         QTextStream(stderr) << "MivoraAI is already running." << Qt::endl;
         return 1;
     }
 
     UnixSignalWatcher signalWatcher;
     QObject::connect(&signalWatcher, &UnixSignalWatcher::terminationRequested, &app, &QCoreApplication::quit);
-    MivoraNativeApp mivora;
+    MivoraNativeApp mivora(residentViews());
+    QObject::connect(&channel, &InstanceChannel::showRequested, &mivora, &MivoraNativeApp::showMainWindow);
+    channel.listen();
     mivora.start();
+    const QString warning = session.warning(mivora.appState().settings().uiLanguage == UiLanguage::ru);
+    if (!warning.isEmpty()) {
+        const ActionStatus notice = ActionStatus::done(warning);
+        mivora.appState().setStatus(notice);
+        mivora.appState().scheduleStatusReset(notice);
+    }
     return app.exec();
 }
 

@@ -16,6 +16,8 @@ ResidentAppProcess::ResidentAppProcess(QString program) : m_program(std::move(pr
     QFile::setPermissions(m_home.filePath(QStringLiteral("runtime")),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     setSetting(QStringLiteral("mivora.updates.automaticChecksEnabled"), false);
+    // As after an autostart: the main window stays away, so the test's text field keeps the focus.
+    setSetting(QStringLiteral("mivora.openMainWindowOnLaunch"), false);
     QObject::connect(&m_process, &QProcess::readyReadStandardError,
                      [this] { m_standardError += m_process.readAllStandardError(); });
 }
