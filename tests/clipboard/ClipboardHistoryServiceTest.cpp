@@ -184,7 +184,7 @@ TEST_F(ClipboardHistoryServiceTest, TransientUseIsHiddenFromTheHistory)
     EXPECT_EQ(service().items().first().createdAt, recorded);
 }
 
-TEST_F(ClipboardHistoryServiceTest, ASlowOwnerIsReadOnceAndAUseEndingDuringTheReadWins)
+TEST_F(ClipboardHistoryServiceTest, ASlowOwnerIsReadOnceAndAReadSpanningATransientUseIsDropped)
 {
     service();
     pasteboard.answerAfter(clock, 1000ms);
@@ -196,12 +196,16 @@ TEST_F(ClipboardHistoryServiceTest, ASlowOwnerIsReadOnceAndAUseEndingDuringTheRe
     EXPECT_EQ(history(), QStringList{QStringLiteral("slow owner")});
     EXPECT_EQ(pasteboard.contentReads(), reads + 2);
 
-    // What a read finds after a transient use ended may be the use's own text: it is dropped, and the
-    // text the use left counts as seen.
-    copy(QStringLiteral("selection"));
+    // A password copied just before a transient use: the read's types come from the use's own contents,
+    // its text from the password put back, so the read is dropped rather than trusted.
+    const QStringList concealed{QStringLiteral("org.nspasteboard.ConcealedType")};
+    pasteboard.copyText(QStringLiteral("hunter2"), concealed);
+    clock.advance(ClipboardHistoryService::pollInterval + 300ms);
+    service().suppressCapture(3500ms);
+    pasteboard.copyText(QStringLiteral("selection"));
+    clock.advance(1000ms);
+    pasteboard.copyText(QStringLiteral("hunter2"), concealed);
     service().finishTransientPasteboardUse();
-    clock.advance(3000ms);
-    copy(QStringLiteral("selection"));
     clock.advance(3000ms);
     EXPECT_EQ(history(), QStringList{QStringLiteral("slow owner")});
 }

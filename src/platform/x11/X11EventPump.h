@@ -77,8 +77,9 @@ public:
     {
         return WaitAwaiter(*this, std::move(match), timeout, received);
     }
-    // Dispatches every event Xlib has queued or the server has sent. For code that cannot return to the
-    // event loop (a destructor serving other clients); everything else is served without it. Non-blocking.
+    // Dispatches every event Xlib has queued or the server has sent, now rather than when the loop next
+    // runs: for code that must have seen what the server already said (a change count, the notice of its
+    // own write) or cannot return to the loop (a hand-over at exit). Non-blocking.
     void dispatchPending();
 
 private:
