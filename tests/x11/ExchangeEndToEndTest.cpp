@@ -5,6 +5,7 @@
 #include <QBuffer>
 #include <QImage>
 #include <QProcess>
+#include <QWidget>
 #include <gtest/gtest.h>
 
 using namespace std::chrono_literals;
@@ -117,6 +118,34 @@ TEST_F(ExchangeEndToEndTest, PasteLandsInTheFieldAndTheClipboardComesBack)
     EXPECT_EQ(field.text(), QStringLiteral("pasted result"));
     EXPECT_EQ(clipboard(), QByteArrayLiteral("kept"));
     EXPECT_EQ(capture.log, QStringList({QStringLiteral("suppress 3500"), QStringLiteral("finish")}));
+}
+
+TEST_F(ExchangeEndToEndTest, PasteBringsBackTheWindowTheTargetWasRememberedWithNotItsFirst)
+{
+    pasteboard.restore(plainText(QStringLiteral("kept")));
+    field.addOtherWindow(QStringLiteral("Other window of the field"));
+    ASSERT_TRUE(field.start(QStringLiteral("MivoraEndToEndField"), QStringLiteral("End to end")));
+    const std::optional<QString> fieldWindow = field.window();
+    ASSERT_TRUE(fieldWindow);
+    ASSERT_TRUE(runTool(QStringLiteral("xdotool"),
+                        {QStringLiteral("windowactivate"), QStringLiteral("--sync"), *fieldWindow}));
+    ASSERT_TRUE(field.waitForFocus());
+    ASSERT_EQ(focus.rememberedProcessIdentifier(), field.processIdentifier());
+    // This program's own window takes the front, as a panel does; the target stays remembered.
+    QWidget panel;
+    panel.setWindowTitle(QStringLiteral("Mivora own panel"));
+    panel.show();
+    ASSERT_TRUE(
+        runTool(QStringLiteral("xdotool"), {QStringLiteral("windowactivate"), QStringLiteral("--sync"),
+                                            QString::number(panel.winId())}));
+    ASSERT_TRUE(spinUntil([&] {
+        const std::optional<RunningApplication> front = workspace.frontmostApplication();
+        return front && front->processIdentifier == workspace.currentProcessIdentifier();
+    }));
+
+    AwaitTask::run(service.pasteTransient(QStringLiteral("pasted result"), std::nullopt,
+                                          PasteboardTiming::standardTiming()));
+    EXPECT_EQ(field.text(), QStringLiteral("pasted result"));
 }
 
 TEST_F(ExchangeEndToEndTest, CopyByAnotherClientWhileThePasteWaitsIsKept)

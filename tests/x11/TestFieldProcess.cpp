@@ -21,9 +21,13 @@ bool TestFieldProcess::start(const QString& windowClass, const QString& title, c
                      [this] { m_output += m_process.readAllStandardOutput(); });
     m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::SeparateChannels);
+    QStringList arguments{QStringLiteral("--class"), windowClass, QStringLiteral("--title"), title,
+                          QStringLiteral("--text"),  text};
+    if (!m_otherWindow.isEmpty()) {
+        arguments << QStringLiteral("--other-window") << m_otherWindow;
+    }
     m_process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/mivora_test_textfield"),
-                    {QStringLiteral("--class"), windowClass, QStringLiteral("--title"), title,
-                     QStringLiteral("--text"), text});
+                    arguments);
     if (!nextLine("ready")) {
         return false;
     }
@@ -79,6 +83,11 @@ std::optional<QString> TestFieldProcess::text()
 std::optional<QString> TestFieldProcess::selection()
 {
     return ask("selection");
+}
+
+std::optional<QString> TestFieldProcess::window()
+{
+    return ask("window");
 }
 
 bool TestFieldProcess::setText(const QString& text)

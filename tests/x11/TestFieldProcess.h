@@ -30,10 +30,14 @@ public:
     bool start(const QString& windowClass, const QString& title, const QString& text = {},
                const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment());
     qint32 processIdentifier() const;
+    // Before start: the application also shows another window with this title, ahead of the field's.
+    void addOtherWindow(const QString& title) { m_otherWindow = title; }
 
     // The field's text or selection, or nullopt when the application did not answer.
     std::optional<QString> text();
     std::optional<QString> selection();
+    // The X window of the field, as a decimal number.
+    std::optional<QString> window();
     bool setText(const QString& text);
     bool select(int start, int length);
     // Waits until the field has the keyboard focus, so synthetic keys reach it.
@@ -47,6 +51,7 @@ private:
     std::optional<QString> ask(const QByteArray& command);
 
     QProcess m_process;
+    QString m_otherWindow;
     QByteArray m_output;
     QList<QByteArray> m_lines;
 };

@@ -45,8 +45,8 @@ protected:
 
 // A window with one text field for the end-to-end tests. Prints "ready" once shown, then answers lines on
 // stdin: "text" and "selection" print the field's text or selection as "text <base64>", "focus" whether it
-// has the keyboard focus ("yes", "no"), "set <base64>" replaces the text, "select <start> <length>" selects,
-// "quit" ends.
+// has the keyboard focus ("yes", "no"), "window" the X window of the field, "set <base64>" replaces the text,
+// "select <start> <length>" selects, "quit" ends.
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
@@ -57,11 +57,21 @@ int main(int argc, char** argv)
                                    QStringLiteral("title"), QStringLiteral("Mivora test field"));
     const QCommandLineOption text(QStringLiteral("text"), QStringLiteral("Initial text"),
                                   QStringLiteral("text"));
-    parser.addOptions({windowClass, title, text});
+    const QCommandLineOption otherWindow(
+        QStringLiteral("other-window"), QStringLiteral("Title of a second window, mapped before the field's"),
+        QStringLiteral("title"));
+    parser.addOptions({windowClass, title, text, otherWindow});
     parser.process(app);
     // Qt takes the class part of WM_CLASS from the application name when the window is created.
     QCoreApplication::setApplicationName(parser.value(windowClass));
 
+    // Mapped first, so the field's window is not the first of the process.
+    QLineEdit other;
+    if (parser.isSet(otherWindow)) {
+        other.setWindowTitle(parser.value(otherWindow));
+        other.setMinimumWidth(400);
+        other.show();
+    }
     QLineEdit field;
     field.setAccessibleName(QStringLiteral("Test field"));
     field.setWindowTitle(parser.value(title));
@@ -70,6 +80,8 @@ int main(int argc, char** argv)
     ShortcutReporter reporter;
     field.installEventFilter(&reporter);
     field.show();
+    // The field is its window's focus, whichever window was active first.
+    field.setFocus();
     field.activateWindow();
 
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
@@ -90,6 +102,8 @@ int main(int argc, char** argv)
                 reply("text " + field.text().toUtf8().toBase64());
             } else if (line == "selection") {
                 reply("text " + field.selectedText().toUtf8().toBase64());
+            } else if (line == "window") {
+                reply("text " + QByteArray::number(field.winId()).toBase64());
             } else if (line == "focus") {
                 const bool focused = field.isActiveWindow() && field.hasFocus();
                 reply("text " + QByteArray(focused ? "yes" : "no").toBase64());
