@@ -8,13 +8,11 @@
 
 #include <QPointer>
 
-void PermissionController::publish(const char* english, const char* russian, bool done)
+void PermissionController::report(const char* english, const char* russian, bool done)
 {
     // The language of the moment, so a switch between two steps shows in the next text.
     const QString text = localized(m_state.settings().uiLanguage, english, russian);
-    const ActionStatus status = done ? ActionStatus::done(text) : ActionStatus::running(text);
-    m_state.setStatus(status);
-    m_state.scheduleStatusReset(status);
+    m_state.publishStatus(done ? ActionStatus::done(text) : ActionStatus::running(text));
 }
 
 void PermissionController::readAndStore()
@@ -37,23 +35,21 @@ QCoro::Task<> PermissionController::refreshPermissions()
 
 QCoro::Task<> PermissionController::requestPermissions()
 {
-    publish("Requesting permissions", "Запрашиваю разрешения", false);
+    report("Requesting permissions", "Запрашиваю разрешения", false);
     askAndStore();
-    publish("Permission request sent", "Запрос разрешений отправлен", true);
+    report("Permission request sent", "Запрос разрешений отправлен", true);
     co_return;
 }
 
 QCoro::Task<> PermissionController::resetMivoraPermissions(bool requestAgain)
 {
-    publish("Resetting permissions", "Сбрасываю разрешения", false);
+    report("Resetting permissions", "Сбрасываю разрешения", false);
     QPointer<MivoraAppState> state(&m_state);
     try {
         co_await m_service.resetMivoraPermissions();
     } catch (const MivoraError& error) {
         if (state) {
-            const ActionStatus failed = ActionStatus::failed(error.errorDescription());
-            m_state.setStatus(failed);
-            m_state.scheduleStatusReset(failed);
+            m_state.publishStatus(ActionStatus::failed(error.errorDescription()));
         }
         co_return;
     }
@@ -64,10 +60,10 @@ QCoro::Task<> PermissionController::resetMivoraPermissions(bool requestAgain)
     }
     if (requestAgain) {
         askAndStore();
-        publish("Permissions reset. Request sent.", "Разрешения сброшены. Новый запрос отправлен.", true);
+        report("Permissions reset. Request sent.", "Разрешения сброшены. Новый запрос отправлен.", true);
     } else {
         readAndStore();
-        publish("Mivora permissions reset", "Разрешения Mivora сброшены", true);
+        report("Mivora permissions reset", "Разрешения Mivora сброшены", true);
     }
 }
 

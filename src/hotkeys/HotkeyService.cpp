@@ -144,9 +144,7 @@ void HotkeyService::reportFailure(const QString& description)
     if (!m_appState) {
         return;
     }
-    const ActionStatus status = ActionStatus::failed(description);
-    m_appState->setStatus(status);
-    m_appState->scheduleStatusReset(status);
+    m_appState->publishStatus(ActionStatus::failed(description));
 }
 
 void HotkeyService::rememberTarget()
