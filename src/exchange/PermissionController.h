@@ -21,7 +21,8 @@ public:
 
     // Reads both grants into the state's permissionState.
     QCoro::Task<> refreshPermissions();
-    // Shows the system requests for both grants, then reads them.
+    // Shows "Requesting permissions" at once; on a later turn of the event loop asks for both grants, reads
+    // them and shows the done text.
     QCoro::Task<> requestPermissions();
     // Resets the grants of every identifier the program ran under, then reads (or requests) them again.
     QCoro::Task<> resetMivoraPermissions(bool requestAgain);
