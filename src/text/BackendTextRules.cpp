@@ -166,12 +166,17 @@ bool looksLikeBadReply(const QString& reply, const QString& source)
             return true;
         }
     }
-    if (r == s || r.contains(s)) {
-        return true;
-    }
+    // Decision on a gap of Part 2.2: a message with an empty plain form (only emoji or punctuation) has
+    // nothing to be echoed, so the three rules that compare with it are left out; every reply contains the
+    // empty text, and these rules would otherwise reject them all.
     const qsizetype sourceLength = characterCount(s);
-    if (sourceLength >= 25 && r.contains(firstCharacters(s, 80))) {
-        return true;
+    if (!s.isEmpty()) {
+        if (r == s || r.contains(s)) {
+            return true;
+        }
+        if (sourceLength >= 25 && r.contains(firstCharacters(s, 80))) {
+            return true;
+        }
     }
     const QSet<QString> replyWords = wordSet(r);
     const QSet<QString> sourceWords = wordSet(s);

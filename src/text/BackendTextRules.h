@@ -24,5 +24,6 @@ QString replyUserInstruction(const AIReplyStyle& style);
 // Lower-case words separated by single blanks, punctuation dropped.
 QString plainForReplyCompare(const QString& text);
 
-// Whether a chat reply merely echoes the message or the instructions instead of answering.
+// Whether a chat reply merely echoes the message or the instructions instead of answering. A message with
+// an empty plain form (only emoji or punctuation) is never echoed: only the rules on the reply alone apply.
 bool looksLikeBadReply(const QString& reply, const QString& source);

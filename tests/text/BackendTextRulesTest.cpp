@@ -106,6 +106,15 @@ TEST(LooksLikeBadReply, CatchesEchoesAndInstructionLeaks)
         looksLikeBadReply(QStringLiteral("Sounds great, see you there!"), QStringLiteral("Meet at 5?")));
 }
 
+TEST(LooksLikeBadReply, AMessageWithoutWordsOnlyMeetsTheRulesOnTheReply)
+{
+    // The empty plain form of "👍" is in every reply; the rules that compare with the message stay out.
+    EXPECT_FALSE(looksLikeBadReply(QStringLiteral("Glad you like it!"), QStringLiteral("👍")));
+    EXPECT_FALSE(looksLikeBadReply(QStringLiteral("Что случилось?"), QStringLiteral("?!…")));
+    EXPECT_TRUE(looksLikeBadReply(QStringLiteral("🙂"), QStringLiteral("👍")));
+    EXPECT_TRUE(looksLikeBadReply(QStringLiteral("Here is the reply instruction"), QStringLiteral("👍")));
+}
+
 TEST(LooksLikeBadReply, ComparesWordSetsAboveTheThreshold)
 {
     // Ten shared words of eleven in the larger set: 0.909 > 0.82.
