@@ -1,5 +1,7 @@
 #include "shell/CommandLine.h"
 
+#include <QIODevice>
+
 CommandLine CommandLine::parse(const QStringList& arguments)
 {
     CommandLine command;
@@ -44,4 +46,16 @@ QString CommandLine::usage()
         "Examples:\n"
         "  mivora run layout ghbdtn          prints привет\n"
         "  echo 'i has a typo' | mivora run fix\n");
+}
+
+QString CommandLine::inputText(QIODevice& standardInput) const
+{
+    if (text) {
+        return *text;
+    }
+    QString input = QString::fromUtf8(standardInput.readAll());
+    if (input.endsWith(QLatin1Char('\n'))) {
+        input.chop(1);
+    }
+    return input;
 }

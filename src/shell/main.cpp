@@ -28,26 +28,14 @@ void setIdentity()
     QCoreApplication::setApplicationName(QStringLiteral("mivora"));
 }
 
-QString readStandardInput()
-{
-    QFile input;
-    if (!input.open(stdin, QIODevice::ReadOnly)) {
-        return {};
-    }
-    QString text = QString::fromUtf8(input.readAll());
-    // A shell pipe adds one trailing newline that is not part of the user's text.
-    if (text.endsWith(QLatin1Char('\n'))) {
-        text.chop(1);
-    }
-    return text;
-}
-
 int runOnce(int argc, char** argv, const CommandLine& command)
 {
     QCoreApplication app(argc, argv);
     setIdentity();
     MivoraNativeApp mivora;
-    const QString text = command.text.value_or(readStandardInput());
+    QFile standardInput;
+    standardInput.open(stdin, QIODevice::ReadOnly);
+    const QString text = command.inputText(standardInput);
     int exitCode = 1;
     auto task = mivora.runCommand(command.action, text).then([&](int code) {
         exitCode = code;
