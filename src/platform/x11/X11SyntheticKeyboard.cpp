@@ -7,6 +7,7 @@
 #include "hotkeys/MacKeyCode.h"
 
 #include <QStringList>
+#include <X11/XKBlib.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
@@ -109,8 +110,12 @@ unsigned char X11SyntheticKeyboard::shortcutKey(quint16 virtualKey)
     // WORKAROUND: a keymap without Latin letters (Russian alone) has no key that types "c", and
     // applications that match by symbol then take no Control+C at all. An unused keycode is given the
     // letter for as long as this keyboard lives; the keymap is otherwise left as it was.
+    // A keymap loaded since (setxkbmap) has taken the letter back.
     if (const auto borrowed = m_borrowedKeys.find(label); borrowed != m_borrowedKeys.end()) {
-        return borrowed->second;
+        if (XkbKeycodeToKeysym(m_display, borrowed->second, 0, 0) == label) {
+            return borrowed->second;
+        }
+        m_borrowedKeys.erase(borrowed);
     }
     int minKeycode = 0;
     int maxKeycode = 0;
