@@ -11,7 +11,7 @@ packages=(
     libx11-dev libxtst-dev libxfixes-dev libxrandr-dev libx11-xcb-dev libxcb1-dev
     libxkbcommon-dev libxkbcommon-x11-dev
     libatspi2.0-dev libexttextcat-dev
-    xvfb xauth openbox xclip xdotool wmctrl x11-xkb-utils x11-utils
+    xvfb xauth openbox xclip xdotool wmctrl x11-xkb-utils trayer x11-utils
     dbus at-spi2-core
     "$@"
 )

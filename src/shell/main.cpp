@@ -90,8 +90,10 @@ int runResident(int argc, char** argv)
     }
 
     UnixSignalWatcher signalWatcher;
-    QObject::connect(&signalWatcher, &UnixSignalWatcher::terminationRequested, &app, &QCoreApplication::quit);
     MivoraNativeApp mivora(residentViews());
+    // Through the program's own quit: Qt asks every window to close first, and the main window refuses
+    // unless the program is known to be ending.
+    QObject::connect(&signalWatcher, &UnixSignalWatcher::terminationRequested, &mivora, &MivoraNativeApp::quit);
     QObject::connect(&channel, &InstanceChannel::showRequested, &mivora, &MivoraNativeApp::showMainWindow);
     channel.listen();
     mivora.start();

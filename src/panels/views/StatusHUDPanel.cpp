@@ -43,7 +43,7 @@ StatusHUDPanel::StatusHUDPanel(QWidget* parent)
     setAttribute(Qt::WA_TranslucentBackground);
     setFocusPolicy(Qt::NoFocus);
     setFixedSize(overlaySize);
-    setWindowTitle(QStringLiteral("MivoraAI"));
+    setWindowTitle(QStringLiteral("MivoraAI status"));
 }
 
 std::pair<qreal, bool> StatusHUDPanel::fittedTextSize(qreal naturalWidth, qreal availableWidth,

@@ -34,7 +34,7 @@ GeneralSettingsPage::GeneralSettingsPage(MivoraAppState& appState, AutostartEntr
     grid->setColumnMinimumWidth(0, 150);
     for (QLabel*& label : m_labels) {
         label = new QLabel(this);
-        label->setMinimumWidth(150);
+        label->setMinimumWidth(200);
         label->setMaximumWidth(220);
         label->setWordWrap(true);
     }
