@@ -151,21 +151,21 @@ QCoro::Task<> ActionRunner::paste(QString text, PasteboardTiming timing, bool re
     co_await exchange.pasteTransient(text, std::nullopt, timing);
 }
 
-void ActionRunner::finish(const Run& run, const QString& output, ActionStatus status)
+void ActionRunner::finish(const Run& run, const QString& output, const ActionStatus& status)
 {
     m_texts.keepOutput(output, run.updateSampleText);
-    publish(std::move(status));
+    publish(status);
 }
 
-void ActionRunner::publish(ActionStatus status)
+void ActionRunner::publish(const ActionStatus& status)
 {
-    m_services.status.publish(std::move(status));
+    m_services.status.publish(status);
 }
 
-void ActionRunner::publishRunning(const Run& run, QString text)
+void ActionRunner::publishRunning(const Run& run, const QString& text)
 {
     if (!run.quiet) {
-        publish(ActionStatus::running(std::move(text)));
+        publish(ActionStatus::running(text));
     }
 }
 

@@ -62,10 +62,10 @@ private:
     QCoro::Task<> paste(QString text, PasteboardTiming timing, bool replaceByAccessibilityFirst);
     // Forms the message of a pasted layout fix, switching the layout first when the settings ask for it.
     QString switchLayoutAfterFix(const std::optional<QString>& targetLayoutName);
-    void finish(const Run& run, const QString& output, ActionStatus status);
-    void publish(ActionStatus status);
+    void finish(const Run& run, const QString& output, const ActionStatus& status);
+    void publish(const ActionStatus& status);
     // Running statuses of the steps are not shown on a quiet run.
-    void publishRunning(const Run& run, QString text);
+    void publishRunning(const Run& run, const QString& text);
     UiLanguage language() const;
 
     Services m_services;

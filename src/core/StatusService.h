@@ -21,7 +21,7 @@ public:
 
     // The two halves of publish, for a caller that must hold a status without its reset.
     void set(ActionStatus status);
-    void scheduleReset(const ActionStatus& status);
+    void scheduleReset(ActionStatus status);
 
 signals:
     void statusChanged();

@@ -106,7 +106,7 @@ QString serverWritingStyle(const PromptStyle& style)
     // Rewrite styles share the reply styles' vocabulary, except that fixing and translating have no word of
     // their own: those, and custom styles, are told to the backend by name.
     if (style.id != u"original" && style.id != u"translate") {
-        const QString word = AIReplyStyleLibrary::backendStyleName(AIReplyStyle{style.id, {}, {}, {}});
+        QString word = AIReplyStyleLibrary::backendStyleName(AIReplyStyle{style.id, {}, {}, {}});
         if (!word.isEmpty()) {
             return word;
         }
@@ -116,7 +116,7 @@ QString serverWritingStyle(const PromptStyle& style)
 
 QString replyUserInstruction(const AIReplyStyle& style)
 {
-    const QString prompt = style.prompt.trimmed();
+    QString prompt = style.prompt.trimmed();
     const QList<AIReplyStyle>& builtIns = AIReplyStyleLibrary::builtInStyles();
     const auto builtIn = std::find_if(builtIns.begin(), builtIns.end(), [&](const AIReplyStyle& candidate) {
         return candidate.id == style.id;
