@@ -51,31 +51,34 @@ protected:
     int saves = 0;
 };
 
-TEST_F(ClipboardNotesServiceTest, FirstLaunchIsEmptyAndWritesNothing)
+TEST_F(ClipboardNotesServiceTest, FirstLaunchIsEmptyWritesNothingAndTheFileHoldsTheEncodedTabs)
 {
     auto notes = open();
     EXPECT_TRUE(notes->tabs().isEmpty());
     EXPECT_FALSE(QDir(directory).exists());
-    notes->addTab(QStringLiteral("First"));
+    const ClipboardNoteTab tab = notes->addTab(QStringLiteral("  Work  "));
     EXPECT_TRUE(QFile::exists(path(ClipboardNotesService::fileName())));
     EXPECT_FALSE(QFile::exists(path(ClipboardNotesService::backupFileName()))) << "nothing to rotate yet";
+
+    notes->addNote(tab.id, QStringLiteral("note"));
+    const QJsonArray tabs = QJsonDocument::fromJson(read(ClipboardNotesService::fileName())).array();
+    ASSERT_EQ(tabs.size(), 1);
+    const QJsonObject stored = tabs.first().toObject();
+    EXPECT_EQ(stored.value("title").toString(), QStringLiteral("Work"));
+    // The test clock starts at 2026-01-15 12:00 UTC.
+    EXPECT_DOUBLE_EQ(stored.value("createdAt").toDouble(), 790171200.0);
+    const QJsonObject note = stored.value("notes").toArray().first().toObject();
+    EXPECT_EQ(note.keys(), (QStringList{"createdAt", "id", "text", "updatedAt"}));
 }
 
-TEST_F(ClipboardNotesServiceTest, TitlesAreNormalized)
+TEST_F(ClipboardNotesServiceTest, TitlesAreTrimmedAndCutAt32Characters)
 {
-    const QString fallback = QStringLiteral("fallback");
-    EXPECT_EQ(ClipboardNotesService::normalizedTitle(QStringLiteral(" \n\t"), fallback), fallback);
-    EXPECT_EQ(ClipboardNotesService::normalizedTitle(QStringLiteral("  Work  "), fallback),
-              QStringLiteral("Work"));
-    const QString forty = QStringLiteral("abcdefghij").repeated(4);
-    EXPECT_EQ(ClipboardNotesService::normalizedTitle(QStringLiteral("   ") + forty, fallback),
-              forty.left(32));
-    const QString emoji = QStringLiteral("\U0001F600").repeated(40);
-    EXPECT_EQ(ClipboardNotesService::normalizedTitle(emoji, fallback),
-              QStringLiteral("\U0001F600").repeated(32));
-
     auto notes = open();
-    EXPECT_EQ(notes->addTab(QStringLiteral("  ")).title, QStringLiteral("Notes"));
+    EXPECT_EQ(notes->addTab(QStringLiteral(" \n\t")).title, QStringLiteral("Notes"));
+    const QString forty = QStringLiteral("abcdefghij").repeated(4);
+    EXPECT_EQ(notes->addTab(QStringLiteral("   ") + forty).title, forty.left(32));
+    EXPECT_EQ(notes->addTab(QStringLiteral("\U0001F600").repeated(40)).title,
+              QStringLiteral("\U0001F600").repeated(32));
 }
 
 TEST_F(ClipboardNotesServiceTest, OperationsSaveExactlyWhenTheyChangeSomething)
@@ -133,21 +136,6 @@ TEST_F(ClipboardNotesServiceTest, OperationsSaveExactlyWhenTheyChangeSomething)
     EXPECT_EQ(open()->tabs(), notes->tabs());
     notes->deleteTab(tab.id);
     EXPECT_TRUE(open()->tabs().isEmpty());
-}
-
-TEST_F(ClipboardNotesServiceTest, FileHoldsTheEncodedTabs)
-{
-    auto notes = open();
-    const ClipboardNoteTab tab = notes->addTab(QStringLiteral("Work"));
-    notes->addNote(tab.id, QStringLiteral("note"));
-    const QJsonArray tabs = QJsonDocument::fromJson(read(ClipboardNotesService::fileName())).array();
-    ASSERT_EQ(tabs.size(), 1);
-    const QJsonObject stored = tabs.first().toObject();
-    EXPECT_EQ(stored.value("title").toString(), QStringLiteral("Work"));
-    // The test clock starts at 2026-01-15 12:00 UTC.
-    EXPECT_DOUBLE_EQ(stored.value("createdAt").toDouble(), 790171200.0);
-    const QJsonObject note = stored.value("notes").toArray().first().toObject();
-    EXPECT_EQ(note.keys(), (QStringList{"createdAt", "id", "text", "updatedAt"}));
 }
 
 TEST_F(ClipboardNotesServiceTest, BackupIsOneSaveBehindAndRecoversACorruptMainFile)

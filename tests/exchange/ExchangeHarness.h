@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 #include <optional>
+#include <type_traits>
 
 // How a coroutine under test ended, filled in as virtual time runs.
 template <typename T> struct Outcome {
@@ -66,15 +67,10 @@ protected:
         };
     }
 
-    template <typename T> void settle(QCoro::Task<T> task, Outcome<T>& outcome)
+    // Runs the task to its end on virtual time; a task without a value reports true.
+    template <typename T, typename R> void settle(QCoro::Task<R> task, Outcome<T>& outcome)
     {
         collect(std::move(task), &outcome, &clock);
-        clock.runUntilIdle();
-        ASSERT_TRUE(outcome.finished);
-    }
-    void settle(QCoro::Task<> task, Outcome<bool>& outcome)
-    {
-        collectVoid(std::move(task), &outcome, &clock);
         clock.runUntilIdle();
         ASSERT_TRUE(outcome.finished);
     }
@@ -96,22 +92,16 @@ protected:
     PasteboardSnapshot original;
 
 private:
-    template <typename T>
-    static QCoro::Task<> collect(QCoro::Task<T> task, Outcome<T>* outcome, TestClock* clock)
+    template <typename T, typename R>
+    static QCoro::Task<> collect(QCoro::Task<R> task, Outcome<T>* outcome, TestClock* clock)
     {
         try {
-            outcome->value = co_await std::move(task);
-        } catch (const PasteboardServiceError& error) {
-            outcome->error = error.kind();
-        }
-        outcome->finished = true;
-        outcome->finishedAt = clock->elapsed().count();
-    }
-    static QCoro::Task<> collectVoid(QCoro::Task<> task, Outcome<bool>* outcome, TestClock* clock)
-    {
-        try {
-            co_await std::move(task);
-            outcome->value = true;
+            if constexpr (std::is_void_v<R>) {
+                co_await std::move(task);
+                outcome->value = true;
+            } else {
+                outcome->value = co_await std::move(task);
+            }
         } catch (const PasteboardServiceError& error) {
             outcome->error = error.kind();
         }

@@ -34,7 +34,7 @@ protected:
     AccessibilityElement toolbar, addressField, webArea;
 };
 
-TEST_F(FocusServiceTest, RemembersOnlyForeignApplicationsWithAnIdentifier)
+TEST_F(FocusServiceTest, RemembersOnlyForeignApplicationsWithAnIdentifierAndNotTheReplyTarget)
 {
     EXPECT_EQ(focus.rememberedProcessIdentifier(), target);
     EXPECT_EQ(focus.rememberedBundleIdentifier(), QStringLiteral("org.example.chat"));
@@ -50,12 +50,8 @@ TEST_F(FocusServiceTest, RemembersOnlyForeignApplicationsWithAnIdentifier)
     workspace.bringToFront(60);
     EXPECT_EQ(focus.rememberedProcessIdentifier(), 60);
     EXPECT_TRUE(focus.rememberedWindow().isNull());
-}
 
-TEST_F(FocusServiceTest, TheReplyTargetComingForwardDoesNotReplaceTheRememberedWindow)
-{
-    workspace.addApplication(60, QStringLiteral("org.example.editor"));
-    workspace.bringToFront(60);
+    // The reply target coming forward for a paste does not replace the remembered window.
     const AccessibilityElement otherWindow = tree.add(application, QStringLiteral("AXWindow"));
     tree.set(application, QStringLiteral("AXFocusedWindow"), otherWindow);
 
@@ -74,44 +70,42 @@ TEST_F(FocusServiceTest, AddressBarFocusIsRejectedAndTheLowestEmptyPageEditorWin
     const AccessibilityElement lower = webEditor({0, 800, 600, 60});
     const AccessibilityElement filled = webEditor({0, 810, 600, 60}, QStringLiteral("sent text"));
     tree.setSearchResults(webArea, {upper, lower, filled});
+    // The winner takes the focus only when pressed, so it is pressed.
+    tree.node(lower).focusesOnPress = true;
+    tree.node(lower).actions << QStringLiteral("AXPress");
 
     ASSERT_TRUE(focus.focusAIReplyEditor(target));
     EXPECT_EQ(focus.replyEditor(), lower);
     EXPECT_EQ(focusedElement(), lower);
+    EXPECT_TRUE(tree.performedActions().contains(QStringLiteral("AXPress")));
+
+    // Another process ends the search at once.
+    EXPECT_FALSE(focus.focusAIReplyEditor(target + 1));
 }
 
 TEST_F(FocusServiceTest, ScoreWeighsPositionAboveRoleAndCapsTheWidth)
 {
     buildBrowser();
-    // An AXTextArea 100 higher than a group editor loses 1000 by position and gains only 500 by role.
+    // A text area 100 higher than a group editor loses by position more than it gains by role.
     const AccessibilityElement area = webEditor({0, 600, 500, 40});
     const AccessibilityElement group = webEditor({0, 700, 500, 40}, {}, QStringLiteral("AXGroup"));
     tree.node(group).extraNames << QStringLiteral("AXEditableAncestor") << QStringLiteral("AXSelectedText");
     EXPECT_GT(focus.score(group), focus.score(area));
-    EXPECT_EQ(focus.score(area) - focus.score(group), -500);
-
-    const AccessibilityElement wide = webEditor({0, 700, 5000, 40});
-    const AccessibilityElement capped = webEditor({0, 700, 1000, 40});
-    EXPECT_EQ(focus.score(wide), focus.score(capped));
-
-    const AccessibilityElement frameless = tree.add(webArea, textArea);
-    EXPECT_EQ(focus.score(frameless), std::numeric_limits<double>::lowest());
+    // Width counts only up to a cap, and an editor without a frame never wins.
+    EXPECT_EQ(focus.score(webEditor({0, 700, 5000, 40})), focus.score(webEditor({0, 700, 1000, 40})));
+    EXPECT_EQ(focus.score(tree.add(webArea, textArea)), std::numeric_limits<double>::lowest());
 }
 
 TEST_F(FocusServiceTest, EditorsBelowTheSizeFloorAndDisabledOnesNeverCount)
 {
-    const AccessibilityElement narrow = tree.addEditor(window, textField, {0, 0, 39, 30});
-    const AccessibilityElement flat = tree.addEditor(window, textField, {0, 0, 300, 13});
+    tree.addEditor(window, textField, {0, 0, 39, 30});
+    tree.addEditor(window, textField, {0, 0, 300, 13});
     const AccessibilityElement disabled = tree.addEditor(window, textField, {0, 0, 300, 30});
     tree.set(disabled, QStringLiteral("AXEnabled"), false);
     const AccessibilityElement fixed = tree.addEditor(window, textField, {0, 0, 300, 30});
     tree.node(fixed).settable.remove(QStringLiteral("AXFocused"));
-    const AccessibilityElement plainGroup =
-        tree.addEditor(window, QStringLiteral("AXGroup"), {0, 0, 300, 30});
+    tree.addEditor(window, QStringLiteral("AXGroup"), {0, 0, 300, 30});
     const AccessibilityElement fine = tree.addEditor(window, textField, {0, 0, 40, 14});
-    Q_UNUSED(narrow);
-    Q_UNUSED(flat);
-    Q_UNUSED(plainGroup);
 
     EXPECT_EQ(focus.editableElements(window), QList<AccessibilityElement>{fine});
 }
@@ -129,24 +123,6 @@ TEST_F(FocusServiceTest, ANativeFieldOutsideWebContentIsFocusedThroughTheFocused
     tree.node(field).attributes.remove(QStringLiteral("AXFocused"));
     ASSERT_TRUE(focus.focusAIReplyEditor(target));
     EXPECT_EQ(focus.replyEditor(), bigger);
-}
-
-TEST_F(FocusServiceTest, AnotherProcessOrAMissingWindowEndsTheSearchAtOnce)
-{
-    EXPECT_FALSE(focus.focusAIReplyEditor(target + 1));
-    EXPECT_TRUE(tree.setCalls().isEmpty());
-    EXPECT_EQ(tree.childrenReads(), 0);
-}
-
-TEST_F(FocusServiceTest, AnElementThatTakesTheFocusOnlyWhenPressedIsPressed)
-{
-    buildBrowser();
-    const AccessibilityElement editor = webEditor({0, 800, 600, 60});
-    tree.node(editor).focusesOnPress = true;
-    tree.node(editor).actions << QStringLiteral("AXPress");
-    tree.setSearchResults(webArea, {editor});
-    ASSERT_TRUE(focus.focusAIReplyEditor(target));
-    EXPECT_TRUE(tree.performedActions().contains(QStringLiteral("AXPress")));
 }
 
 TEST_F(FocusServiceTest, AFreshReferenceToTheSameBrowserNodeCountsAsFocused)
@@ -191,7 +167,7 @@ TEST_F(FocusServiceTest, WalksStopAtTheirBounds)
     for (int i = 0; i < 2499; ++i) {
         tree.add(window, QStringLiteral("AXGroup"));
     }
-    const AccessibilityElement lateArea = tree.add(window, QStringLiteral("AXWebArea"));
+    tree.add(window, QStringLiteral("AXWebArea"));
     EXPECT_TRUE(focus.webAreas(window).isEmpty());
     EXPECT_EQ(tree.childrenReads(), FocusService::webAreaWalkLimit);
 
@@ -200,34 +176,27 @@ TEST_F(FocusServiceTest, WalksStopAtTheirBounds)
     const AccessibilityElement area = tree.add(other, QStringLiteral("AXWebArea"));
     tree.add(tree.add(area, QStringLiteral("AXWebArea")), QStringLiteral("AXWebArea"));
     EXPECT_EQ(focus.webAreas(other), QList<AccessibilityElement>{area});
-    Q_UNUSED(lateArea);
-}
 
-TEST_F(FocusServiceTest, TheFullWalkRunsOnlyWhenTheSearchFindsNothingAndVisitsAtMost30000)
-{
-    buildBrowser();
-    const AccessibilityElement searched = webEditor({0, 800, 600, 60});
-    tree.setSearchResults(webArea, {searched});
-    // Found by search: the result is just the search's, even if a walk would find more.
-    tree.addEditor(window, textField, {0, 900, 600, 60});
-    EXPECT_EQ(focus.editableElements(window), QList<AccessibilityElement>{searched});
-
+    // The full walk runs only when the search finds nothing, and visits at most its limit.
     const AccessibilityElement bare = tree.addApplication(8);
-    AccessibilityElement last;
     for (int i = 0; i < 30000; ++i) {
-        last = tree.add(bare, QStringLiteral("AXGroup"));
+        tree.add(bare, QStringLiteral("AXGroup"));
     }
     tree.addEditor(bare, textField, {0, 0, 100, 20});
     const int before = tree.childrenReads();
     EXPECT_TRUE(focus.editableElements(bare).isEmpty());
     EXPECT_EQ(tree.childrenReads() - before, FocusService::webAreaWalkLimit + FocusService::fullWalkLimit);
-    Q_UNUSED(last);
 }
 
-TEST_F(FocusServiceTest, LayoutReadingLeavesBrowserSelectionsToTheCopyRoute)
+TEST_F(FocusServiceTest, ASearchHitIsTheWholeAnswerAndLayoutReadingLeavesItToTheCopyRoute)
 {
     buildBrowser();
     const AccessibilityElement editor = webEditor({0, 800, 600, 60});
+    tree.setSearchResults(webArea, {editor});
+    // Found by search: the result is just the search's, even if a walk would find more.
+    tree.addEditor(window, textField, {0, 900, 600, 60});
+    EXPECT_EQ(focus.editableElements(window), QList<AccessibilityElement>{editor});
+
     tree.set(editor, QStringLiteral("AXSelectedText"), QStringLiteral("picked"));
     tree.set(application, QStringLiteral("AXFocusedUIElement"), editor);
     EXPECT_EQ(reader.selectedText(), QStringLiteral("picked"));

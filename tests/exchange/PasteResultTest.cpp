@@ -45,7 +45,7 @@ TEST_F(PasteTransientTest, ACopyMadeMeanwhileByTheUserStays)
     EXPECT_EQ(pasteboard.contents(), PasteboardSnapshot());
 }
 
-TEST_F(PasteTransientTest, EmptyTextAndMissingTargetLeaveTheClipboardUntouched)
+TEST_F(PasteTransientTest, FailuresLeaveTheClipboardAsTheUserNeedsIt)
 {
     fillClipboardWithImageAndFiles();
     const qint64 before = pasteboard.changeCount();
@@ -59,12 +59,11 @@ TEST_F(PasteTransientTest, EmptyTextAndMissingTargetLeaveTheClipboardUntouched)
     EXPECT_EQ(pasteboard.changeCount(), before);
     EXPECT_EQ(capture.log.count(QStringLiteral("finish restored")), 2);
     EXPECT_TRUE(keyboard.events.isEmpty());
-}
 
-TEST_F(PasteTransientTest, AFailedShortcutLeavesTheTextOnTheClipboardForTheUser)
-{
-    fillClipboardWithImageAndFiles();
+    // A shortcut that cannot be sent leaves the text on the clipboard for the user, with no restore.
+    workspace.activationSucceeds = true;
     permissions.accessibility = false;
+    capture.log.clear();
     EXPECT_EQ(paste(QStringLiteral("result")).error, Kind::pasteEventFailed);
     EXPECT_EQ(pasteboard.text(), QStringLiteral("result"));
     EXPECT_EQ(capture.log, QStringList{"suppress 3500"});
@@ -85,20 +84,17 @@ TEST_F(PasteTransientTest, AccessibilityReplacementSkipsBrowserContentAndEmptyTe
     const AccessibilityElement field = tree.addEditor(window, QStringLiteral("AXTextField"), {0, 0, 200, 20});
     tree.set(application, QStringLiteral("AXFocusedUIElement"), field);
 
-    Outcome<bool> empty;
-    settle(service.replaceSelectedTextViaAccessibility(QString()), empty);
-    EXPECT_EQ(empty.value, false);
+    const auto replace = [this](const QString& text) {
+        Outcome<bool> outcome;
+        settle(service.replaceSelectedTextViaAccessibility(text), outcome);
+        return outcome.value;
+    };
+    EXPECT_EQ(replace(QString()), false);
     EXPECT_TRUE(tree.setCalls().isEmpty());
-
-    Outcome<bool> blanks;
-    settle(service.replaceSelectedTextViaAccessibility(QStringLiteral("  ")), blanks);
-    EXPECT_EQ(blanks.value, true);
+    EXPECT_EQ(replace(QStringLiteral("  ")), true);
     EXPECT_EQ(tree.setCalls().last().first, QStringLiteral("AXSelectedText"));
-
     tree.node(field).extraNames << QStringLiteral("ChromeAXNodeId");
-    Outcome<bool> web;
-    settle(service.replaceSelectedTextViaAccessibility(QStringLiteral("x")), web);
-    EXPECT_EQ(web.value, false);
+    EXPECT_EQ(replace(QStringLiteral("x")), false);
 }
 
 class PasteAIReplyTest : public ExchangeHarness {
@@ -168,9 +164,15 @@ TEST_F(PasteAIReplyTest, TheEditorGets16RoundsOf25MillisecondsToTakeTheFocus)
     EXPECT_EQ(outcome.error, Kind::pasteEditorUnavailable);
     EXPECT_EQ(outcome.finishedAt, 16 * 25);
     EXPECT_TRUE(keyboard.events.isEmpty());
+
+    // A shortcut that cannot be sent is a paste event failure, and the paste lets go of the target.
+    tree.node(editor).ignoresFocus = false;
+    keyboard.postingSucceeds = false;
+    EXPECT_EQ(paste(QStringLiteral("reply")).error, Kind::pasteEventFailed);
+    EXPECT_EQ(focus.restoringProcessIdentifier(), std::nullopt);
 }
 
-TEST_F(PasteAIReplyTest, AnUnchangedEditorIsPolled60TimesAndThenReportedNotApplied)
+TEST_F(PasteAIReplyTest, AnUnchangedEditorIsPolled60TimesAndThenReportedNotAppliedWithoutOverwritingAUserCopy)
 {
     fillClipboardWithImageAndFiles();
     editorTakesPaste(false);
@@ -178,6 +180,11 @@ TEST_F(PasteAIReplyTest, AnUnchangedEditorIsPolled60TimesAndThenReportedNotAppli
     EXPECT_EQ(outcome.error, Kind::pasteNotApplied);
     EXPECT_EQ(outcome.finishedAt, 20 + 60 * 20);
     EXPECT_EQ(pasteboard.contents(), original);
+
+    // A clipboard changed by the user meanwhile is not overwritten on failure.
+    keyboard.onShortcut = [this](quint16) { pasteboard.copyText(QStringLiteral("user copy")); };
+    EXPECT_EQ(paste(QStringLiteral("reply")).error, Kind::pasteNotApplied);
+    EXPECT_EQ(pasteboard.text(), QStringLiteral("user copy"));
 }
 
 TEST_F(PasteAIReplyTest, AnEditorWithoutValueOrCountIsNeverConfirmed)
@@ -187,21 +194,6 @@ TEST_F(PasteAIReplyTest, AnEditorWithoutValueOrCountIsNeverConfirmed)
     const auto outcome = paste(QStringLiteral("reply"));
     EXPECT_EQ(outcome.error, Kind::pasteNotApplied);
     EXPECT_EQ(outcome.finishedAt, 20);
-}
-
-TEST_F(PasteAIReplyTest, AClipboardChangedByTheUserIsNotOverwrittenOnFailure)
-{
-    fillClipboardWithImageAndFiles();
-    keyboard.onShortcut = [this](quint16) { pasteboard.copyText(QStringLiteral("user copy")); };
-    EXPECT_EQ(paste(QStringLiteral("reply")).error, Kind::pasteNotApplied);
-    EXPECT_EQ(pasteboard.text(), QStringLiteral("user copy"));
-}
-
-TEST_F(PasteAIReplyTest, AShortcutThatCannotBeSentIsAPasteEventFailure)
-{
-    keyboard.postingSucceeds = false;
-    EXPECT_EQ(paste(QStringLiteral("reply")).error, Kind::pasteEventFailed);
-    EXPECT_EQ(focus.restoringProcessIdentifier(), std::nullopt);
 }
 
 TEST(AIReplyEditorStateTest, ConfirmationFollowsWhatTheEditorStillReports)

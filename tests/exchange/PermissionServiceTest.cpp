@@ -3,33 +3,44 @@
 #include "FakeProcessRunner.h"
 #include "exchange/PermissionToolError.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
 
-QCoro::Task<> collect(QCoro::Task<QStringList> task, QStringList* lines, QString* error)
+struct Reset {
+    FakeProcessRunner runner;
+    QStringList lines;
+    QString error;
+};
+
+QCoro::Task<> collect(QCoro::Task<QStringList> task, Reset* reset)
 {
     try {
-        *lines = co_await std::move(task);
+        reset->lines = co_await std::move(task);
     } catch (const PermissionToolError& failure) {
-        *error = failure.errorDescription();
+        reset->error = failure.errorDescription();
     }
+}
+
+// Runs the whole reset with the tool answering every call as told.
+void reset(Reset& result, std::function<ProcessResult(const QStringList&)> answer)
+{
+    result.runner.answer = std::move(answer);
+    PermissionService service(result.runner);
+    collect(service.resetMivoraPermissions(), &result);
 }
 
 TEST(PermissionServiceTest, ResetsBothServicesForEveryIdentifierAndTurnsRefusalsIntoSkipLines)
 {
-    FakeProcessRunner runner;
-    runner.answer = [](const QStringList& arguments) {
+    Reset result;
+    reset(result, [](const QStringList& arguments) {
         if (arguments.last() == u"ai.mivora.native") {
             return ProcessResult{std::nullopt, 0, {}};
         }
         return ProcessResult{std::nullopt, 1, QByteArray("  No such bundle identifier \"x\"\n")};
-    };
-    PermissionService service(runner);
-    QStringList lines;
-    QString error;
-    collect(service.resetMivoraPermissions(), &lines, &error);
-
+    });
+    const QStringList& lines = result.lines;
     ASSERT_EQ(lines.size(), 10);
     EXPECT_EQ(lines[0], QStringLiteral("reset Accessibility ai.mivora.native"));
     EXPECT_EQ(lines[1],
@@ -37,35 +48,25 @@ TEST(PermissionServiceTest, ResetsBothServicesForEveryIdentifierAndTurnsRefusals
     EXPECT_EQ(lines[5], QStringLiteral("reset ListenEvent ai.mivora.native"));
     EXPECT_EQ(lines[9],
               QStringLiteral("skip ListenEvent com.mivora.desktop No such bundle identifier \"x\""));
-    EXPECT_EQ(runner.commandLines[6],
+    EXPECT_EQ(result.runner.commandLines[6],
               (QStringList{"/usr/bin/tccutil", "reset", "ListenEvent", "ai.mivora.desktop"}));
-}
 
-TEST(PermissionServiceTest, NonUtf8ErrorTextGivesAnEmptyReason)
-{
-    FakeProcessRunner runner;
-    runner.answer = [](const QStringList&) {
+    // Error text that is not UTF-8 gives an empty reason.
+    Reset garbled;
+    reset(garbled, [](const QStringList&) {
         return ProcessResult{std::nullopt, 2, QByteArray("\xff\xfe bad")};
-    };
-    PermissionService service(runner);
-    QStringList lines;
-    QString error;
-    collect(service.resetMivoraPermissions(), &lines, &error);
-    EXPECT_EQ(lines.first(), QStringLiteral("skip Accessibility ai.mivora.native "));
+    });
+    EXPECT_EQ(garbled.lines.first(), QStringLiteral("skip Accessibility ai.mivora.native "));
 }
 
 TEST(PermissionServiceTest, ALaunchFailureEndsTheWholeReset)
 {
-    FakeProcessRunner runner;
-    runner.answer = [](const QStringList&) {
+    Reset result;
+    reset(result, [](const QStringList&) {
         return ProcessResult{QStringLiteral("execve: No such file or directory"), 0, {}};
-    };
-    PermissionService service(runner);
-    QStringList lines;
-    QString error;
-    collect(service.resetMivoraPermissions(), &lines, &error);
-    EXPECT_EQ(error, QStringLiteral("execve: No such file or directory"));
-    EXPECT_EQ(runner.commandLines.size(), 1);
+    });
+    EXPECT_EQ(result.error, QStringLiteral("execve: No such file or directory"));
+    EXPECT_EQ(result.runner.commandLines.size(), 1);
 }
 
 } // namespace

@@ -158,13 +158,11 @@ private:
                 saved.insert(type, convert(target).value_or("(refused)"));
             }
         }
+        const XSelectionRequestEvent& asked = request->xselectionrequest;
         XEvent reply{};
-        reply.xselection.type = SelectionNotify;
-        reply.xselection.requestor = request->xselectionrequest.requestor;
-        reply.xselection.selection = request->xselectionrequest.selection;
-        reply.xselection.target = request->xselectionrequest.target;
-        reply.xselection.property = request->xselectionrequest.property;
-        reply.xselection.time = request->xselectionrequest.time;
+        reply.xselection = {
+            SelectionNotify, 0,         True, m_display, asked.requestor, asked.selection, asked.target,
+            asked.property,  asked.time};
         XSendEvent(m_display, reply.xselection.requestor, False, NoEventMask, &reply);
         XSync(m_display, False);
         answered = true;
