@@ -10,8 +10,7 @@ namespace {
 AppLayoutRule rule(const char* bundle, bool enabled)
 {
     return AppLayoutRule{
-        QUuid::createUuid(),           QString::fromUtf8(bundle),      QStringLiteral("Editor"),
-        QStringLiteral("/opt/editor"), QStringLiteral("Русская — ПК"), enabled};
+        QUuid::createUuid(), QString::fromUtf8(bundle), "Editor", "/opt/editor", "Русская — ПК", enabled};
 }
 
 QJsonArray encoded(const QList<AppLayoutRule>& rules)
@@ -58,10 +57,10 @@ TEST(AppLayoutRuleJson, OneFaultyElementFailsTheWholeArray)
     for (const char* key : {"id", "bundleIdentifier", "appName", "appPath", "layoutName", "isEnabled"}) {
         EXPECT_FALSE(withSecond(key, QJsonValue(QJsonValue::Undefined)).has_value()) << key;
     }
-    EXPECT_FALSE(withSecond("isEnabled", QStringLiteral("true")).has_value());
-    EXPECT_FALSE(withSecond("id", QStringLiteral("not-a-uuid")).has_value());
-    EXPECT_FALSE(withSecond("id", QStringLiteral("{6f1d3b8e-3c1a-4c1e-9f7a-0a1b2c3d4e5f}")).has_value());
-    EXPECT_TRUE(withSecond("id", QStringLiteral("00000000-0000-0000-0000-000000000000")).has_value());
+    EXPECT_FALSE(withSecond("isEnabled", "true").has_value());
+    EXPECT_FALSE(withSecond("id", "not-a-uuid").has_value());
+    EXPECT_FALSE(withSecond("id", "{6f1d3b8e-3c1a-4c1e-9f7a-0a1b2c3d4e5f}").has_value());
+    EXPECT_TRUE(withSecond("id", "00000000-0000-0000-0000-000000000000").has_value());
     EXPECT_FALSE(AppLayoutRule::decodeList("{}").has_value());
     EXPECT_EQ(AppLayoutRule::decodeList("[]"), QList<AppLayoutRule>{});
 }

