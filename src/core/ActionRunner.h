@@ -15,7 +15,7 @@ class StatusService;
 class TextActionService;
 class TextExchange;
 
-// The action runner of Part 1.3: gets the text of an action (the selection of the other application, or
+// The action runner: gets the text of an action (the selection of the other application, or
 // the sample text), transforms it on the layout road or the backend road, puts the result back and
 // publishes a status at every step. GUI thread.
 class ActionRunner : public QObject {

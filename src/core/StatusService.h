@@ -5,7 +5,7 @@
 
 #include <QObject>
 
-// The status that the status display shows, and its way back to idle (Part 1.3). Every panel and service
+// The status that the status display shows, and its way back to idle. Every panel and service
 // reports through publish, so the reset rules live here only. GUI thread.
 class StatusService : public QObject {
     Q_OBJECT

@@ -36,7 +36,7 @@ QCoro::Task<> PermissionController::refreshPermissions()
 QCoro::Task<> PermissionController::requestPermissions()
 {
     report("Requesting permissions", "Запрашиваю разрешения", false);
-    // The requests run in a task of their own (Part 3.4), so the running text is shown until they are done
+    // The requests run in a task of their own, so the running text is shown until they are done
     // even where asking returns at once.
     QPointer<MivoraAppState> state(&m_state);
     co_await m_clock.sleep(Clock::Duration::zero());

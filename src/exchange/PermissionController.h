@@ -10,8 +10,9 @@ class PermissionProbe;
 class PermissionService;
 class UrlOpener;
 
-// The permission operations of the application state (Part 3.4): refresh, request, reset, open the settings
-// pane. Each returns at once with the work in a coroutine on the GUI thread; the returned task may be dropped.
+// The permission operations of the application state: refresh, request, reset, open the settings
+// pane. Each returns at once with the work in a coroutine on the GUI thread; the returned task may be
+// dropped.
 class PermissionController {
 public:
     PermissionController(MivoraAppState& state, Clock& clock, PermissionProbe& probe,

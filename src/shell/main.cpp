@@ -93,15 +93,14 @@ int runResident(int argc, char** argv)
     MivoraNativeApp mivora(residentViews());
     // Through the program's own quit: Qt asks every window to close first, and the main window refuses
     // unless the program is known to be ending.
-    QObject::connect(&signalWatcher, &UnixSignalWatcher::terminationRequested, &mivora, &MivoraNativeApp::quit);
+    QObject::connect(&signalWatcher, &UnixSignalWatcher::terminationRequested, &mivora,
+                     &MivoraNativeApp::quit);
     QObject::connect(&channel, &InstanceChannel::showRequested, &mivora, &MivoraNativeApp::showMainWindow);
     channel.listen();
     mivora.start();
     const QString warning = session.warning(mivora.appState().settings().uiLanguage == UiLanguage::ru);
     if (!warning.isEmpty()) {
-        const ActionStatus notice = ActionStatus::done(warning);
-        mivora.appState().setStatus(notice);
-        mivora.appState().scheduleStatusReset(notice);
+        mivora.appState().publishStatus(ActionStatus::done(warning));
     }
     return app.exec();
 }

@@ -166,7 +166,7 @@ bool looksLikeBadReply(const QString& reply, const QString& source)
             return true;
         }
     }
-    // Decision on a gap of Part 2.2: a message with an empty plain form (only emoji or punctuation) has
+    // A message with an empty plain form (only emoji or punctuation) has
     // nothing to be echoed, so the three rules that compare with it are left out; every reply contains the
     // empty text, and these rules would otherwise reject them all.
     const qsizetype sourceLength = characterCount(s);
