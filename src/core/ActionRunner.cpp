@@ -22,8 +22,7 @@ bool isQuietCapable(const QuickAction& action)
 
 ActionRunner::ActionRunner(Services services, Texts texts, QObject* parent)
     : QObject(parent), m_services(services), m_texts(std::move(texts))
-{
-}
+{}
 
 QCoro::Task<> ActionRunner::run(QuickAction action, bool pasteResult, bool updateSampleText)
 {
@@ -84,7 +83,8 @@ QCoro::Task<ActionRunner::Input> ActionRunner::readInput(const Run& run)
         input.readByAccessibility = true;
         co_return input;
     }
-    input.text = co_await exchange.readSelectedTextTransient(selectAll, false, PasteboardTiming::quickTiming());
+    input.text =
+        co_await exchange.readSelectedTextTransient(selectAll, false, PasteboardTiming::quickTiming());
     co_return input;
 }
 

@@ -92,8 +92,8 @@ void MivoraAppState::clearClipboardHistory()
     if (m_clipboardHistory) {
         m_clipboardHistory->clearHistory();
     }
-    publishStatus(
-        ActionStatus::done(localized(settings().uiLanguage, "Clipboard history cleared", "История буфера очищена")));
+    publishStatus(ActionStatus::done(
+        localized(settings().uiLanguage, "Clipboard history cleared", "История буфера очищена")));
 }
 
 void MivoraAppState::refreshSystemSurfaceMode()

@@ -39,8 +39,7 @@ SettingsService::SettingsService(NativeSettingsStore& store, QObject* parent)
     : QObject(parent), m_store(store), m_settings(store.load()),
       m_quickActions(normalizedActions(m_settings.quickMenuActions)), m_promptStyles(m_settings.promptStyles),
       m_aiReplyStyles(m_settings.aiReplyStyles), m_targetLanguage(m_settings.targetLanguage)
-{
-}
+{}
 
 void SettingsService::assign(MivoraSettings settings)
 {

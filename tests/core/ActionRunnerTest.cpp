@@ -20,7 +20,8 @@ class ActionRunnerTest : public ::testing::Test {
 protected:
     ActionRunnerTest()
     {
-        QObject::connect(&status, &StatusService::statusChanged, [this] { statuses << status.status().text; });
+        QObject::connect(&status, &StatusService::statusChanged,
+                         [this] { statuses << status.status().text; });
     }
     void run(const char* action, bool pasteResult, bool updateSampleText)
     {
@@ -45,12 +46,14 @@ protected:
     QString sampleText = QStringLiteral("hello there");
     QString latestOutput;
     QStringList statuses;
-    std::unique_ptr<ActionRunner> runner = std::make_unique<ActionRunner>(
-        ActionRunner::Services{settings, status, layout, backend, exchange},
-        ActionRunner::Texts{[this] { return sampleText; }, [this](const QString& output, bool updateSample) {
-                                latestOutput = output;
-                                sampleText = updateSample ? output : sampleText;
-                            }});
+    std::unique_ptr<ActionRunner> runner =
+        std::make_unique<ActionRunner>(ActionRunner::Services{settings, status, layout, backend, exchange},
+                                       ActionRunner::Texts{[this] { return sampleText; },
+                                                           [this](const QString& output, bool updateSample) {
+                                                               latestOutput = output;
+                                                               sampleText =
+                                                                   updateSample ? output : sampleText;
+                                                           }});
 };
 
 TEST_F(ActionRunnerTest, SampleRunOfAStyleNeverTouchesOtherApplications)
@@ -88,7 +91,7 @@ TEST_F(ActionRunnerTest, PastedStyleRunReadsSelectsAllAndPastesWithStandardTimin
 
     // The third status is the fixed title with the English word, whatever the interface language.
     EXPECT_EQ(statuses, (QStringList{"Выполняю: Дружелюбно", "Читаю выделение", "Дружелюбно running",
-                                          "Вставляю", "Вставлено"}));
+                                     "Вставляю", "Вставлено"}));
     ASSERT_EQ(exchange.reads.size(), 1);
     EXPECT_TRUE(exchange.reads[0].selectAllBeforeCopy);
     EXPECT_TRUE(exchange.reads[0].includeFocusedTextFallback);

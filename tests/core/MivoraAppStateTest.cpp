@@ -21,7 +21,8 @@ TEST_F(AppStateTest, RunsLeaveTheirOutputOnTheState)
     AwaitTask::run(state.runToEnd(QuickAction("layout"), false, true));
     EXPECT_EQ(state.latestOutput(), "привет");
     EXPECT_EQ(state.sampleText(), "привет");
-    EXPECT_EQ(announced, (QStringList{"sample", "Layout running", "Раскладка running", "output", "sample", "привет"}));
+    EXPECT_EQ(announced,
+              (QStringList{"sample", "Layout running", "Раскладка running", "output", "sample", "привет"}));
 
     state.run(QuickAction("style:short"), false, false);
     EXPECT_EQ(state.latestOutput(), "ПРИВЕТ");

@@ -51,7 +51,8 @@ TEST_F(SettingsServiceTest, AssignmentSavesOnceAndRefreshesTheCopies)
     EXPECT_EQ(savesSince(), 1);
     EXPECT_EQ(announcements, 1);
     EXPECT_EQ(service.targetLanguage(), "German");
-    EXPECT_EQ(service.quickActions(), (QList<QuickAction>{QuickAction("style:original"), QuickAction("layout")}));
+    EXPECT_EQ(service.quickActions(),
+              (QList<QuickAction>{QuickAction("style:original"), QuickAction("layout")}));
     EXPECT_EQ(service.promptStyles().last().id, "custom-1");
 
     // A second service made from the same store sees what was saved.
