@@ -27,7 +27,7 @@ public:
     void install();
     // Stops watching; safe to call repeatedly.
     void remove();
-    bool isInstalled() const { return m_local || m_global; }
+    bool isInstalled() const { return bool(m_local) || bool(m_global); }
 
     // The rules for an event going to one of this program's windows: Escape anywhere dismisses; inside the
     // panel nothing does; a click in another window of this program dismisses, a key typed there does not.
@@ -40,6 +40,6 @@ private:
     InputEventMonitor& m_localEvents;
     InputEventMonitor& m_globalEvents;
     std::function<void()> m_onDismiss;
-    std::unique_ptr<InputEventMonitor::Handle> m_local;
-    std::unique_ptr<InputEventMonitor::Handle> m_global;
+    ListenerSubscription m_local;
+    ListenerSubscription m_global;
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ListenerList.h"
+
 #include <QFlags>
 #include <QtGlobal>
 #include <functional>
@@ -23,16 +25,24 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(MonitoredInputEvent::Kinds)
 // monitor) or those going to other applications (the global monitor). GUI thread.
 class InputEventMonitor {
 public:
-    // Keeps a monitor in force for as long as it lives.
-    class Handle {
-    public:
-        virtual ~Handle() = default;
-    };
-
     virtual ~InputEventMonitor() = default;
 
     // Calls handler on the GUI thread, after the event has been delivered, for each event of the given
-    // kinds; null where the platform cannot watch such events. Non-blocking.
-    virtual std::unique_ptr<Handle> addMonitor(MonitoredInputEvent::Kinds kinds,
-                                               std::function<void(const MonitoredInputEvent&)> handler) = 0;
+    // kinds, for as long as the subscription lives; an empty subscription where the platform cannot watch
+    // such events. Non-blocking.
+    [[nodiscard]] virtual ListenerSubscription
+    addMonitor(MonitoredInputEvent::Kinds kinds, std::function<void(const MonitoredInputEvent&)> handler) = 0;
+
+protected:
+    // The monitors' shared book-keeping: each handler sees only the kinds it asked for.
+    static ListenerSubscription subscribeFiltered(ListenerList<const MonitoredInputEvent&>& monitors,
+                                                  MonitoredInputEvent::Kinds kinds,
+                                                  std::function<void(const MonitoredInputEvent&)> handler)
+    {
+        return monitors.subscribe([kinds, handler = std::move(handler)](const MonitoredInputEvent& event) {
+            if (kinds.testFlag(event.kind)) {
+                handler(event);
+            }
+        });
+    }
 };

@@ -43,6 +43,13 @@ public:
         }
     }
 
+    // Whether no subscription is alive.
+    bool isEmpty()
+    {
+        m_listeners.remove_if([](const std::weak_ptr<Listener>& listener) { return listener.expired(); });
+        return m_listeners.empty();
+    }
+
 private:
     std::list<std::weak_ptr<Listener>> m_listeners;
 };

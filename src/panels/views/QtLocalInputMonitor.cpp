@@ -5,18 +5,6 @@
 #include <QMouseEvent>
 #include <QWidget>
 
-class QtLocalInputMonitor::Entry : public InputEventMonitor::Handle {
-public:
-    Entry(QtLocalInputMonitor& owner, std::shared_ptr<Monitor> monitor)
-        : m_owner(owner), m_monitor(std::move(monitor))
-    {}
-    ~Entry() override { m_owner.m_monitors.remove(m_monitor); }
-
-private:
-    QtLocalInputMonitor& m_owner;
-    std::shared_ptr<Monitor> m_monitor;
-};
-
 QtLocalInputMonitor::QtLocalInputMonitor(QObject* parent) : QObject(parent)
 {
     qApp->installEventFilter(this);
@@ -24,19 +12,16 @@ QtLocalInputMonitor::QtLocalInputMonitor(QObject* parent) : QObject(parent)
 
 QtLocalInputMonitor::~QtLocalInputMonitor() = default;
 
-std::unique_ptr<InputEventMonitor::Handle>
-QtLocalInputMonitor::addMonitor(MonitoredInputEvent::Kinds kinds,
-                                std::function<void(const MonitoredInputEvent&)> handler)
+ListenerSubscription QtLocalInputMonitor::addMonitor(MonitoredInputEvent::Kinds kinds,
+                                                     std::function<void(const MonitoredInputEvent&)> handler)
 {
-    auto monitor = std::make_shared<Monitor>(Monitor{kinds, std::move(handler)});
-    m_monitors.push_back(monitor);
-    return std::make_unique<Entry>(*this, monitor);
+    return subscribeFiltered(m_monitors, kinds, std::move(handler));
 }
 
 bool QtLocalInputMonitor::eventFilter(QObject* watched, QEvent* event)
 {
     // Every event passes through here; only window-level presses matter, and only while someone watches.
-    if (m_monitors.empty() || !watched->isWidgetType()) {
+    if (!watched->isWidgetType() || m_monitors.isEmpty()) {
         return false;
     }
     MonitoredInputEvent seen;
@@ -60,11 +45,6 @@ bool QtLocalInputMonitor::eventFilter(QObject* watched, QEvent* event)
     m_lastTimestamp = input->timestamp();
     m_lastType = event->type();
     seen.window = static_cast<QWidget*>(watched)->window();
-    const auto monitors = m_monitors;
-    for (const auto& monitor : monitors) {
-        if (monitor->kinds.testFlag(seen.kind)) {
-            monitor->handler(seen);
-        }
-    }
+    m_monitors.notify(seen);
     return false;
 }

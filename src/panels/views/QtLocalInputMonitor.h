@@ -4,8 +4,6 @@
 
 #include <QEvent>
 #include <QObject>
-#include <list>
-#include <memory>
 
 // Mouse presses and key presses going to this program's own windows, watched through an application-wide
 // event filter that never takes an event. The window reported is the receiving widget's top-level window.
@@ -15,20 +13,14 @@ public:
     explicit QtLocalInputMonitor(QObject* parent = nullptr);
     ~QtLocalInputMonitor() override;
 
-    std::unique_ptr<Handle> addMonitor(MonitoredInputEvent::Kinds kinds,
-                                       std::function<void(const MonitoredInputEvent&)> handler) override;
+    ListenerSubscription addMonitor(MonitoredInputEvent::Kinds kinds,
+                                    std::function<void(const MonitoredInputEvent&)> handler) override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    struct Monitor {
-        MonitoredInputEvent::Kinds kinds;
-        std::function<void(const MonitoredInputEvent&)> handler;
-    };
-    class Entry;
-
-    std::list<std::shared_ptr<Monitor>> m_monitors;
+    ListenerList<const MonitoredInputEvent&> m_monitors;
     quint64 m_lastTimestamp = 0;
     QEvent::Type m_lastType = QEvent::None;
 };

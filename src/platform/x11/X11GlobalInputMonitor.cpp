@@ -8,24 +8,6 @@
 #include <X11/extensions/XInput2.h>
 #include <unistd.h>
 
-class X11GlobalInputMonitor::Entry : public InputEventMonitor::Handle {
-public:
-    Entry(X11GlobalInputMonitor& owner, std::shared_ptr<Monitor> monitor)
-        : m_owner(owner), m_monitor(std::move(monitor))
-    {}
-    ~Entry() override
-    {
-        m_owner.m_monitors.remove(m_monitor);
-        if (m_owner.m_monitors.empty()) {
-            m_owner.selectRawPresses(false);
-        }
-    }
-
-private:
-    X11GlobalInputMonitor& m_owner;
-    std::shared_ptr<Monitor> m_monitor;
-};
-
 X11GlobalInputMonitor::X11GlobalInputMonitor(X11EventPump& pump) : m_pump(pump)
 {
     Display* display = m_pump.display();
@@ -43,28 +25,27 @@ X11GlobalInputMonitor::X11GlobalInputMonitor(X11EventPump& pump) : m_pump(pump)
 
 X11GlobalInputMonitor::~X11GlobalInputMonitor()
 {
-    if (!m_monitors.empty()) {
+    if (m_selected) {
         selectRawPresses(false);
     }
 }
 
-std::unique_ptr<InputEventMonitor::Handle>
+ListenerSubscription
 X11GlobalInputMonitor::addMonitor(MonitoredInputEvent::Kinds kinds,
                                   std::function<void(const MonitoredInputEvent&)> handler)
 {
     if (m_xiOpcode < 0) {
-        return nullptr;
+        return {};
     }
-    if (m_monitors.empty()) {
+    if (!m_selected) {
         selectRawPresses(true);
     }
-    auto monitor = std::make_shared<Monitor>(Monitor{kinds, std::move(handler)});
-    m_monitors.push_back(monitor);
-    return std::make_unique<Entry>(*this, monitor);
+    return subscribeFiltered(m_monitors, kinds, std::move(handler));
 }
 
 void X11GlobalInputMonitor::selectRawPresses(bool on)
 {
+    m_selected = on;
     Display* display = m_pump.display();
     unsigned char mask[XIMaskLen(XI_LASTEVENT)] = {};
     if (on) {
@@ -78,7 +59,11 @@ void X11GlobalInputMonitor::selectRawPresses(bool on)
 void X11GlobalInputMonitor::handle(const XEvent& event)
 {
     if (event.type != GenericEvent || event.xcookie.extension != m_xiOpcode ||
-        event.xcookie.evtype != XI_RawButtonPress || m_monitors.empty()) {
+        event.xcookie.evtype != XI_RawButtonPress) {
+        return;
+    }
+    if (m_monitors.isEmpty()) {
+        selectRawPresses(false);
         return;
     }
     // The cookie's data is fetched into a copy; Xlib releases unclaimed data at the next read.
@@ -104,12 +89,7 @@ void X11GlobalInputMonitor::handle(const XEvent& event)
     if (pointerOverOwnWindow()) {
         return;
     }
-    const auto monitors = m_monitors;
-    for (const auto& monitor : monitors) {
-        if (monitor->kinds.testFlag(pressed.kind)) {
-            monitor->handler(pressed);
-        }
-    }
+    m_monitors.notify(pressed);
 }
 
 bool X11GlobalInputMonitor::pointerOverOwnWindow() const
