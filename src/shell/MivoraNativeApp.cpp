@@ -48,7 +48,7 @@ const QString requestPermissionsOnLaunchKey = QStringLiteral("mivora.requestPerm
 } // namespace
 
 MivoraNativeApp::MivoraNativeApp(Views views, QObject* parent)
-    : QObject(parent), m_views(std::move(views)), m_clock(std::make_unique<EventLoopClock>()),
+    : QObject(parent), m_clock(std::make_unique<EventLoopClock>()),
       m_defaults(std::make_unique<QSettingsDefaultsStore>()),
       m_settingsStore(std::make_unique<NativeSettingsStore>(*m_defaults)),
       m_platform(PlatformServices::create(*m_clock)), m_network(std::make_unique<QNetworkAccessManager>())
@@ -81,16 +81,16 @@ MivoraNativeApp::MivoraNativeApp(Views views, QObject* parent)
     m_updateManager = std::make_unique<AppUpdateManager>(
         std::make_unique<AppUpdateClient>(*m_network, deployment, *m_clock), *m_defaults, *m_clock,
         *m_platform.urlOpener, m_platform.updater.get(), nullptr);
-    makeFace();
+    makeFace(views);
 }
 
-void MivoraNativeApp::makeFace()
+void MivoraNativeApp::makeFace(const Views& views)
 {
-    if (m_views.makeStatusHUD) {
-        m_statusHUD = std::make_unique<StatusHUDController>(m_views.makeStatusHUD);
+    if (views.makeStatusHUD) {
+        m_statusHUD = std::make_unique<StatusHUDController>(views.makeStatusHUD);
     }
-    if (m_views.makeMainWindow) {
-        m_mainWindow = m_views.makeMainWindow(
+    if (views.makeMainWindow) {
+        m_mainWindow = views.makeMainWindow(
             *m_appState,
             MainWindowHooks{[this] { return m_delegate->windowShouldClose(); },
                             [this] {
@@ -100,14 +100,14 @@ void MivoraNativeApp::makeFace()
                             },
                             {}});
         m_delegate = std::make_unique<MivoraAppDelegate>(
-            MivoraAppDelegate::Services{*m_clock, *m_defaults, *m_mainWindow, m_views.trayHostAvailable});
+            MivoraAppDelegate::Services{*m_clock, *m_defaults, *m_mainWindow, views.trayHostAvailable});
     }
-    if (m_views.makeTray) {
+    if (views.makeTray) {
         MenuBarController::Actions actions;
         actions.showMainWindow = [this] { showMainWindow(); };
         actions.refreshPermissions = [this] { m_permissions->refreshPermissions(); };
         actions.quit = [this] { quit(); };
-        m_menuBar = std::make_unique<MenuBarController>(m_views.makeTray, std::move(actions));
+        m_menuBar = std::make_unique<MenuBarController>(views.makeTray, std::move(actions));
     }
 }
 

@@ -62,9 +62,8 @@ public:
     void quit();
 
 private:
-    void makeFace();
+    void makeFace(const Views& views);
 
-    Views m_views;
     std::unique_ptr<EventLoopClock> m_clock;
     std::unique_ptr<DefaultsStore> m_defaults;
     std::unique_ptr<NativeSettingsStore> m_settingsStore;
