@@ -47,7 +47,7 @@ namespace {
 const QString requestPermissionsOnLaunchKey = QStringLiteral("mivora.requestPermissionsOnLaunch");
 } // namespace
 
-MivoraNativeApp::MivoraNativeApp(Views views, QObject* parent)
+MivoraNativeApp::MivoraNativeApp(const Views& views, QObject* parent)
     : QObject(parent), m_clock(std::make_unique<EventLoopClock>()),
       m_defaults(std::make_unique<QSettingsDefaultsStore>()),
       m_settingsStore(std::make_unique<NativeSettingsStore>(*m_defaults)),

@@ -46,7 +46,7 @@ public:
         std::function<std::unique_ptr<MainWindowHost>(MivoraAppState&, MainWindowHooks)> makeMainWindow;
     };
 
-    explicit MivoraNativeApp(Views views = {}, QObject* parent = nullptr);
+    explicit MivoraNativeApp(const Views& views = {}, QObject* parent = nullptr);
     ~MivoraNativeApp() override;
 
     MivoraAppState& appState() { return *m_appState; }

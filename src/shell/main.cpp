@@ -42,7 +42,7 @@ int runOnce(int argc, char** argv, const CommandLine& command)
         QCoreApplication::exit(code);
     });
     if (!task.isReady()) {
-        app.exec();
+        QCoreApplication::exec();
     }
     return exitCode;
 }
@@ -102,7 +102,7 @@ int runResident(int argc, char** argv)
     if (!warning.isEmpty()) {
         mivora.appState().publishStatus(ActionStatus::done(warning));
     }
-    return app.exec();
+    return QApplication::exec();
 }
 
 } // namespace

@@ -40,8 +40,10 @@ void AppUpdateManager::startAutomaticChecks(SettingsSource currentSettings)
     }
     // The timer dies with the manager, so the firing never outlives it. The settings are read at each
     // firing: turning checks off takes effect then, and the timer keeps running.
-    m_automaticCheckTimer = m_clock.scheduleRepeating(
-        automaticCheckInterval, [this, currentSettings] { checkAutomaticallyIfNeeded(currentSettings()); });
+    m_automaticCheckTimer = m_clock.scheduleRepeating(automaticCheckInterval,
+                                                      [this, currentSettings = std::move(currentSettings)] {
+                                                          checkAutomaticallyIfNeeded(currentSettings());
+                                                      });
 }
 
 QCoro::Task<> AppUpdateManager::checkAutomaticallyIfNeeded(MivoraSettings settings)
