@@ -9,9 +9,7 @@ class ReadSelectionTest : public ExchangeHarness {
 protected:
     Outcome<QString> read(bool selectAll, bool fallback, PasteboardTiming timing)
     {
-        Outcome<QString> outcome;
-        settle(service.readSelectedTextTransient(selectAll, fallback, timing), outcome);
-        return outcome;
+        return outcomeOf(service.readSelectedTextTransient(selectAll, fallback, timing));
     }
 };
 
