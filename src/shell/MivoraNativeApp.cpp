@@ -40,10 +40,12 @@
 #include "updates/AppUpdateManager.h"
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 #include <QNetworkAccessManager>
 #include <QTextStream>
 
 namespace {
+Q_LOGGING_CATEGORY(statusLog, "mivora.status", QtWarningMsg)
 const QString requestPermissionsOnLaunchKey = QStringLiteral("mivora.requestPermissionsOnLaunch");
 } // namespace
 
@@ -150,11 +152,12 @@ QCoro::Task<int> MivoraNativeApp::runCommand(QString action, QString text)
 
 void MivoraNativeApp::start()
 {
-    // Until the status overlay exists, failures of the resident services are told on stderr.
+    // The user reads failures on the overlay. For whoever diagnoses a session, they are also logged, off
+    // unless asked for (QT_LOGGING_RULES="mivora.status.info=true").
     connect(m_appState.get(), &MivoraAppState::statusChanged, this, [this] {
         const ActionStatus& status = m_appState->status();
         if (status.kind == ActionStatus::Kind::failed) {
-            QTextStream(stderr) << "MivoraAI: " << status.text << Qt::endl;
+            qCInfo(statusLog).noquote() << status.text;
         }
     });
 

@@ -118,7 +118,7 @@ protected:
             EXPECT_TRUE(modifiersClear());
         }
         EXPECT_TRUE(app.isRunning());
-        EXPECT_FALSE(app.standardError().contains(QStringLiteral("MivoraAI: ")))
+        EXPECT_FALSE(app.standardError().contains(QStringLiteral("mivora.status: ")))
             << app.standardError().toStdString();
     }
 
@@ -224,7 +224,7 @@ TEST_F(ResidentAppEndToEndTest, InvalidHotkeyIsReportedAndTheAppKeepsRunningUnti
     app.setSetting(QStringLiteral("mivora.layoutHotkey"), QStringLiteral("Alt+Nope"));
     ASSERT_TRUE(app.start());
 
-    EXPECT_TRUE(app.waitForStandardError(QStringLiteral("MivoraAI: Invalid hotkey: Alt+Nope\n")))
+    EXPECT_TRUE(app.waitForStandardError(QStringLiteral("mivora.status: Invalid hotkey: Alt+Nope\n")))
         << app.standardError().toStdString();
     EXPECT_FALSE(spinUntil([&] { return !app.isRunning(); }, 1s));
     EXPECT_EQ(app.terminate(), 0);
