@@ -38,6 +38,7 @@
 #include "text/NativeActionService.h"
 #include "updates/AppUpdateClient.h"
 #include "updates/AppUpdateManager.h"
+#include "updates/UpdateAlertPresenter.h"
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
@@ -82,7 +83,7 @@ MivoraNativeApp::MivoraNativeApp(const Views& views, QObject* parent)
                                 *m_exchange, *m_panels, *m_windows});
     m_updateManager = std::make_unique<AppUpdateManager>(
         std::make_unique<AppUpdateClient>(*m_network, deployment, *m_clock), *m_defaults, *m_clock,
-        *m_platform.urlOpener, m_platform.updater.get(), nullptr);
+        *m_platform.urlOpener, m_platform.updater.get());
     makeFace(views);
 }
 
@@ -103,6 +104,11 @@ void MivoraNativeApp::makeFace(const Views& views)
                             {}});
         m_delegate = std::make_unique<MivoraAppDelegate>(
             MivoraAppDelegate::Services{*m_clock, *m_defaults, *m_mainWindow, views.trayHostAvailable});
+    }
+    if (views.makeUpdateAlerts) {
+        m_updateAlerts =
+            views.makeUpdateAlerts(*m_updateManager, [this] { return m_appState->settings().uiLanguage; });
+        m_updateManager->setAlertPresenter(m_updateAlerts.get());
     }
     if (views.makeTray) {
         MenuBarController::Actions actions;
@@ -133,6 +139,7 @@ MivoraNativeApp::~MivoraNativeApp()
 {
     // Release the global chords before the registrar's connection goes.
     m_hotkeys->stop();
+    m_updateManager->setAlertPresenter(nullptr);
 }
 
 QCoro::Task<int> MivoraNativeApp::runCommand(QString action, QString text)
