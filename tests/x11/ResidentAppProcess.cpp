@@ -88,6 +88,14 @@ bool ResidentAppProcess::isRunning() const
     return m_process.state() == QProcess::Running;
 }
 
+std::optional<int> ResidentAppProcess::exitCode() const
+{
+    if (isRunning() || m_process.exitStatus() != QProcess::NormalExit) {
+        return std::nullopt;
+    }
+    return m_process.exitCode();
+}
+
 std::optional<int> ResidentAppProcess::terminate(std::chrono::milliseconds guard)
 {
     if (!isRunning()) {
