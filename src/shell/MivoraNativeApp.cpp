@@ -135,6 +135,14 @@ void MivoraNativeApp::quit()
     QCoreApplication::quit();
 }
 
+bool MivoraNativeApp::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == QCoreApplication::instance() && event->type() == QEvent::Quit && m_delegate) {
+        m_delegate->applicationShouldTerminate();
+    }
+    return false;
+}
+
 MivoraNativeApp::~MivoraNativeApp()
 {
     // Release the global chords before the registrar's connection goes.
@@ -187,6 +195,10 @@ void MivoraNativeApp::start()
         m_defaults->remove(requestPermissionsOnLaunchKey);
         m_permissions->requestPermissions();
     }
+    // Whoever ends the program (the session manager at logout, say) asks the application to quit, which
+    // first closes every window; the hidden main window would refuse that close unless it knows the
+    // program is ending.
+    QCoreApplication::instance()->installEventFilter(this);
     if (m_delegate) {
         m_delegate->start();
         // An autostarted program must not pop its window at every login: the setting decides.

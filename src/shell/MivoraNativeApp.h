@@ -65,6 +65,9 @@ public:
     // Quits the program from its own menu: windows close for real from here on.
     void quit();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void makeFace(const Views& views);
 
