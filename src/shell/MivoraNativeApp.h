@@ -2,6 +2,7 @@
 
 #include "platform/PlatformServices.h"
 #include "shell/MainWindowHost.h"
+#include "shell/settings/SettingsPageServices.h"
 
 #include <QObject>
 #include <functional>
@@ -43,7 +44,9 @@ public:
         std::function<std::unique_ptr<StatusHUDSurface>()> makeStatusHUD;
         std::function<std::unique_ptr<TraySurface>()> makeTray;
         std::function<bool()> trayHostAvailable;
-        std::function<std::unique_ptr<MainWindowHost>(MivoraAppState&, MainWindowHooks)> makeMainWindow;
+        std::function<std::unique_ptr<MainWindowHost>(MivoraAppState&, const SettingsPageServices&,
+                                                      MainWindowHooks)>
+            makeMainWindow;
     };
 
     explicit MivoraNativeApp(Views views = {}, QObject* parent = nullptr);

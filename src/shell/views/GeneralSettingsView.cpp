@@ -1,4 +1,4 @@
-#include "shell/views/GeneralSettingsPage.h"
+#include "shell/views/GeneralSettingsView.h"
 
 #include "core/MivoraAppState.h"
 #include "core/UiLanguage.h"
@@ -25,7 +25,7 @@ template <typename E> void fillChoices(QComboBox* box, UiLanguage language, E cu
 
 } // namespace
 
-GeneralSettingsPage::GeneralSettingsPage(MivoraAppState& appState, AutostartEntry& autostart, QWidget* parent)
+GeneralSettingsView::GeneralSettingsView(MivoraAppState& appState, AutostartEntry& autostart, QWidget* parent)
     : QWidget(parent), m_appState(appState), m_autostart(autostart)
 {
     auto* grid = new QGridLayout(this);
@@ -90,7 +90,7 @@ GeneralSettingsPage::GeneralSettingsPage(MivoraAppState& appState, AutostartEntr
     refresh();
 }
 
-void GeneralSettingsPage::refresh()
+void GeneralSettingsView::refresh()
 {
     m_refreshing = true;
     const MivoraSettings& settings = m_appState.settings();

@@ -10,10 +10,10 @@ class QLabel;
 
 // The General page: appearance, interface language, menu size, window and tray behaviour, and starting at
 // login. Every control writes the settings through the state at once.
-class GeneralSettingsPage : public QWidget {
+class GeneralSettingsView : public QWidget {
     Q_OBJECT
 public:
-    GeneralSettingsPage(MivoraAppState& appState, AutostartEntry& autostart, QWidget* parent = nullptr);
+    GeneralSettingsView(MivoraAppState& appState, AutostartEntry& autostart, QWidget* parent = nullptr);
 
     // Reads every control back from the settings and retitles them in the interface language.
     void refresh();
