@@ -1,101 +1,71 @@
 #include "shell/views/GeneralSettingsView.h"
 
 #include "core/MivoraAppState.h"
-#include "core/UiLanguage.h"
 #include "shell/AutostartEntry.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QGridLayout>
-#include <QLabel>
+#include "shell/settings/views/SettingsCard.h"
+#include "shell/settings/views/SettingsEnumChoice.h"
+#include "shell/settings/views/SettingsRow.h"
+#include "shell/settings/views/SettingsSwitch.h"
 
 namespace {
 
-template <typename E> void fillChoices(QComboBox* box, UiLanguage language, E current)
-{
-    const QSignalBlocker blocker(box);
-    box->clear();
-    for (const auto& c : EnumTable<E>::cases) {
-        box->addItem(title(c.value, language), QVariant::fromValue(int(c.value)));
-        if (c.value == current) {
-            box->setCurrentIndex(box->count() - 1);
-        }
-    }
-}
+enum Row { appearance, interfaceLanguage, menuSize, openOnLaunch, trayIcon, closeToTray, startAtLogin, rowCount };
 
 } // namespace
 
 GeneralSettingsView::GeneralSettingsView(MivoraAppState& appState, AutostartEntry& autostart, QWidget* parent)
-    : QWidget(parent), m_appState(appState), m_autostart(autostart)
+    : SettingsPageWidget(appState, parent), m_autostart(autostart)
 {
-    auto* grid = new QGridLayout(this);
-    grid->setHorizontalSpacing(16);
-    grid->setVerticalSpacing(10);
-    grid->setColumnMinimumWidth(0, 150);
-    for (QLabel*& label : m_labels) {
-        label = new QLabel(this);
-        label->setMinimumWidth(200);
-        label->setMaximumWidth(220);
-        label->setWordWrap(true);
-    }
-    m_appearance = new QComboBox(this);
-    m_language = new QComboBox(this);
-    m_menuSize = new QComboBox(this);
-    m_openOnLaunch = new QCheckBox(this);
-    m_trayIcon = new QCheckBox(this);
-    m_closeToTray = new QCheckBox(this);
-    m_startAtLogin = new QCheckBox(this);
-    QWidget* controls[] = {m_appearance, m_language,    m_menuSize,    m_openOnLaunch,
-                           m_trayIcon,   m_closeToTray, m_startAtLogin};
-    for (int row = 0; row < 7; ++row) {
-        controls[row]->setMinimumWidth(160);
-        controls[row]->setMaximumWidth(190);
-        grid->addWidget(m_labels[row], row, 0);
-        grid->addWidget(controls[row], row, 1, Qt::AlignLeft);
-    }
-    grid->setColumnStretch(2, 1);
-    grid->setRowStretch(7, 1);
-
-    const auto edit = [this](const std::function<void(MivoraSettings&)>& change) {
-        if (m_refreshing) {
-            return;
+    auto* card = new SettingsCard(this);
+    for (int row = 0; row < rowCount; ++row) {
+        QWidget* control = row <= menuSize ? static_cast<QWidget*>(new QComboBox) : new SettingsSwitch;
+        if (row <= menuSize) {
+            control->setMinimumWidth(160);
+            control->setMaximumWidth(190);
         }
-        MivoraSettings settings = m_appState.settings();
-        change(settings);
-        m_appState.setSettings(settings);
-    };
-    connect(m_appearance, &QComboBox::currentIndexChanged, this, [this, edit] {
-        edit([this](MivoraSettings& s) {
-            s.appearanceMode = AppearanceMode(m_appearance->currentData().toInt());
+        m_rows[row] = new SettingsRow(control, card);
+        m_rows[row]->setTitleWidth(150, 220);
+        card->addRow(m_rows[row]);
+    }
+    column()->addWidget(card);
+
+    const auto box = [this](Row row) { return static_cast<QComboBox*>(m_rows[row]->control()); };
+    const auto toggle = [this](Row row) { return static_cast<SettingsSwitch*>(m_rows[row]->control()); };
+    connect(box(appearance), &QComboBox::currentIndexChanged, this, [this, box] {
+        edit([&](MivoraSettings& s) {
+            s.appearanceMode = SettingsEnumChoice::current<AppearanceMode>(box(appearance));
         });
     });
-    connect(m_language, &QComboBox::currentIndexChanged, this, [this, edit] {
-        edit([this](MivoraSettings& s) { s.uiLanguage = UiLanguage(m_language->currentData().toInt()); });
+    connect(box(interfaceLanguage), &QComboBox::currentIndexChanged, this, [this, box] {
+        edit([&](MivoraSettings& s) {
+            s.uiLanguage = SettingsEnumChoice::current<UiLanguage>(box(interfaceLanguage));
+        });
     });
-    connect(m_menuSize, &QComboBox::currentIndexChanged, this, [this, edit] {
-        edit([this](MivoraSettings& s) { s.quickMenuSize = MenuScale(m_menuSize->currentData().toInt()); });
+    connect(box(menuSize), &QComboBox::currentIndexChanged, this, [this, box] {
+        edit([&](MivoraSettings& s) {
+            s.quickMenuSize = SettingsEnumChoice::current<MenuScale>(box(menuSize));
+        });
     });
-    connect(m_openOnLaunch, &QCheckBox::toggled, this,
-            [edit](bool on) { edit([on](MivoraSettings& s) { s.openMainWindowOnLaunch = on; }); });
-    connect(m_trayIcon, &QCheckBox::toggled, this,
-            [edit](bool on) { edit([on](MivoraSettings& s) { s.menuBarIconVisible = on; }); });
-    connect(m_closeToTray, &QCheckBox::toggled, this,
-            [edit](bool on) { edit([on](MivoraSettings& s) { s.closeToMenuBar = on; }); });
-    connect(m_startAtLogin, &QCheckBox::toggled, this, [this](bool on) {
-        if (!m_refreshing && !m_autostart.setEnabled(on)) {
+    connect(toggle(openOnLaunch), &SettingsSwitch::toggled, this,
+            [this](bool on) { edit([on](MivoraSettings& s) { s.openMainWindowOnLaunch = on; }); });
+    connect(toggle(trayIcon), &SettingsSwitch::toggled, this,
+            [this](bool on) { edit([on](MivoraSettings& s) { s.menuBarIconVisible = on; }); });
+    connect(toggle(closeToTray), &SettingsSwitch::toggled, this,
+            [this](bool on) { edit([on](MivoraSettings& s) { s.closeToMenuBar = on; }); });
+    connect(toggle(startAtLogin), &SettingsSwitch::toggled, this, [this, toggle](bool on) {
+        if (!m_autostart.setEnabled(on)) {
             // The file system refused: show what is really there.
-            refresh();
+            toggle(startAtLogin)->setCheckedQuietly(m_autostart.isEnabled());
         }
     });
-    refresh();
+    followState();
 }
 
 void GeneralSettingsView::refresh()
 {
-    m_refreshing = true;
     const MivoraSettings& settings = m_appState.settings();
     const UiLanguage language = settings.uiLanguage;
-    const char* const texts[7][2] = {
+    const char* const texts[rowCount][2] = {
         {"Appearance", "Внешний вид"},
         {"Interface language", "Язык интерфейса"},
         {"Menu size", "Размер меню"},
@@ -104,22 +74,24 @@ void GeneralSettingsView::refresh()
         {"Keep MivoraAI in menu bar when closing", "Оставлять MivoraAI в строке меню при закрытии"},
         {"Start at login", "Запускать при входе"},
     };
-    for (int row = 0; row < 7; ++row) {
-        m_labels[row]->setText(localized(language, texts[row][0], texts[row][1]));
+    for (int row = 0; row < rowCount; ++row) {
+        m_rows[row]->setTitle(localized(language, texts[row][0], texts[row][1]));
     }
-    fillChoices(m_appearance, language, settings.appearanceMode);
+    const auto box = [this](Row row) { return static_cast<QComboBox*>(m_rows[row]->control()); };
+    const auto toggle = [this](Row row) { return static_cast<SettingsSwitch*>(m_rows[row]->control()); };
+    SettingsEnumChoice::fill(box(appearance), language, settings.appearanceMode);
     {
         // The languages are named in their own tongue, whatever the interface language.
-        const QSignalBlocker blocker(m_language);
-        m_language->clear();
-        m_language->addItem(QStringLiteral("English"), int(UiLanguage::en));
-        m_language->addItem(QStringLiteral("Русский"), int(UiLanguage::ru));
-        m_language->setCurrentIndex(settings.uiLanguage == UiLanguage::ru ? 1 : 0);
+        QComboBox* languages = box(interfaceLanguage);
+        const QSignalBlocker blocker(languages);
+        languages->clear();
+        languages->addItem(QStringLiteral("English"), int(UiLanguage::en));
+        languages->addItem(QStringLiteral("Русский"), int(UiLanguage::ru));
+        languages->setCurrentIndex(language == UiLanguage::ru ? 1 : 0);
     }
-    fillChoices(m_menuSize, language, settings.quickMenuSize);
-    m_openOnLaunch->setChecked(settings.openMainWindowOnLaunch);
-    m_trayIcon->setChecked(settings.menuBarIconVisible);
-    m_closeToTray->setChecked(settings.closeToMenuBar);
-    m_startAtLogin->setChecked(m_autostart.isEnabled());
-    m_refreshing = false;
+    SettingsEnumChoice::fill(box(menuSize), language, settings.quickMenuSize);
+    toggle(openOnLaunch)->setCheckedQuietly(settings.openMainWindowOnLaunch);
+    toggle(trayIcon)->setCheckedQuietly(settings.menuBarIconVisible);
+    toggle(closeToTray)->setCheckedQuietly(settings.closeToMenuBar);
+    toggle(startAtLogin)->setCheckedQuietly(m_autostart.isEnabled());
 }

@@ -90,10 +90,9 @@ MainWindow::MainWindow(MivoraAppState& appState, const SettingsPageServices& ser
 
     m_pages = new QStackedWidget;
     m_pages->setMaximumWidth(700);
-    m_general = new GeneralSettingsView(appState, m_autostart);
     for (int index = 0; index < pageCount; ++index) {
         if (index == int(SettingsPage::general)) {
-            m_pages->addWidget(m_general);
+            m_pages->addWidget(new GeneralSettingsView(appState, m_autostart));
         } else if (QWidget* page = SettingsPageFactory::make(SettingsPage(index), appState, services)) {
             m_pages->addWidget(page);
         } else {
@@ -133,7 +132,6 @@ MainWindow::MainWindow(MivoraAppState& appState, const SettingsPageServices& ser
     connect(&appState, &MivoraAppState::selectedSettingsPageChanged, this, &MainWindow::showSelectedPage);
     connect(&appState, &MivoraAppState::settingsChanged, this, [this] {
         retranslate();
-        m_general->refresh();
         applyTheme();
     });
     auto* quickMenu = new QShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+Space")), this);

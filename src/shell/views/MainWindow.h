@@ -11,7 +11,6 @@ class MivoraAppState;
 class QLabel;
 class QListWidget;
 class QStackedWidget;
-class GeneralSettingsView;
 
 // The program's one main window: the frame of the settings, a sidebar with the ten pages, a strip with the
 // page's title and a scrolling detail area. Closing it asks the lifecycle logic, which may hide it instead.
@@ -46,5 +45,4 @@ private:
     QLabel* m_pageTitle = nullptr;
     QStackedWidget* m_pages = nullptr;
     AutostartEntry m_autostart = AutostartEntry::forCurrentUser();
-    GeneralSettingsView* m_general = nullptr;
 };

@@ -2,12 +2,12 @@
 
 #include "core/MivoraSettings.h"
 
+#include <QVBoxLayout>
 #include <QWidget>
 #include <functional>
 
 class MivoraAppState;
 class QLabel;
-class QVBoxLayout;
 
 // The base of every page of the settings window: a column of cards bound to the application state. A page
 // re-reads its controls at every settings change (the interface language included), and its edits go
