@@ -93,8 +93,16 @@ void MivoraNativeApp::makeFace(const Views& views)
         m_statusHUD = std::make_unique<StatusHUDController>(views.makeStatusHUD);
     }
     if (views.makeMainWindow) {
+        SettingsPageServices pages;
+        pages.hotkeys = m_hotkeys.get();
+        pages.clipboardHistory = m_clipboardHistory.get();
+        pages.permissions = m_permissions.get();
+        pages.updates = m_updateManager.get();
+        pages.keyboardLayout = m_keyboardLayout.get();
+        pages.workspace = m_platform.workspace.get();
+        pages.inputSources = m_platform.inputSources.get();
         m_mainWindow = views.makeMainWindow(
-            *m_appState,
+            *m_appState, pages,
             MainWindowHooks{[this] { return m_delegate->windowShouldClose(); },
                             [this] {
                                 if (m_delegate->applicationShouldTerminateAfterLastWindowClosed()) {
