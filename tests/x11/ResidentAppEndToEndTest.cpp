@@ -256,3 +256,26 @@ TEST_F(ResidentAppEndToEndTest, SecondStartBringsTheRunningProgramsWindowForward
 }
 
 } // namespace
+
+TEST_F(ResidentAppEndToEndTest, ASelectionWhoseCopyDoesNothingIsFixedFromPrimary)
+{
+    ASSERT_TRUE(app.start());
+    ASSERT_TRUE(app.waitForHotkeys()) << app.standardError().toStdString();
+    // Control+C copies nothing here, as in a terminal: only the selection the X server keeps gives the text.
+    field.ignoreCopy();
+    ASSERT_TRUE(field.start(fieldClass, QStringLiteral("End-to-end field"), QStringLiteral("ghbdtn")));
+    ASSERT_TRUE(field.waitForFocus());
+    copyAsTheUser();
+    // Selected as a person does, from the end of the line with Shift+Home: the field now owns PRIMARY.
+    keyboard.type({QStringLiteral("End")});
+    keyboard.type({QStringLiteral("Shift_L"), QStringLiteral("Home")});
+    ASSERT_TRUE(spinUntil([&] { return field.selection() == QStringLiteral("ghbdtn"); }));
+
+    holdChord(QStringLiteral("Alt_L"), QStringLiteral("a"), {400ms, Release::letterFirst},
+              QStringLiteral("привет"));
+
+    EXPECT_TRUE(waitForFieldText(QStringLiteral("привет")))
+        << field.text().value_or(QString()).toStdString() << app.standardError().toStdString();
+    expectUserClipboardBack();
+    EXPECT_TRUE(modifiersClear());
+}

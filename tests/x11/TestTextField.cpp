@@ -19,11 +19,20 @@ void reply(const QByteArray& line)
 // see which shortcut reached the focused window.
 class ShortcutReporter : public QObject {
 public:
-    using QObject::QObject;
+    // With ignoreCopy, Control+C does nothing, as in a terminal, where it interrupts instead of copying.
+    explicit ShortcutReporter(bool ignoreCopy) : m_ignoreCopy(ignoreCopy) {}
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
+        if (m_ignoreCopy &&
+            (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) &&
+            static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+            if (event->type() == QEvent::KeyPress) {
+                reply("key ctrl C");
+            }
+            return true;
+        }
         if (event->type() == QEvent::KeyPress) {
             const auto* key = static_cast<QKeyEvent*>(event);
             const bool modifierOnly = key->key() == Qt::Key_Shift || key->key() == Qt::Key_Control ||
@@ -39,6 +48,9 @@ protected:
         }
         return QObject::eventFilter(watched, event);
     }
+
+private:
+    bool m_ignoreCopy;
 };
 
 } // namespace
@@ -46,7 +58,7 @@ protected:
 // A window with one text field for the end-to-end tests. Prints "ready" once shown, then answers lines on
 // stdin: "text" and "selection" print the field's text or selection as "text <base64>", "focus" whether it
 // has the keyboard focus ("yes", "no"), "window" the X window of the field, "set <base64>" replaces the text,
-// "select <start> <length>" selects, "quit" ends.
+// "select <start> <length>" selects, "quit" ends. With --ignore-copy, Control+C copies nothing.
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
@@ -60,7 +72,9 @@ int main(int argc, char** argv)
     const QCommandLineOption otherWindow(
         QStringLiteral("other-window"), QStringLiteral("Title of a second window, mapped before the field's"),
         QStringLiteral("title"));
-    parser.addOptions({windowClass, title, text, otherWindow});
+    const QCommandLineOption ignoreCopy(QStringLiteral("ignore-copy"),
+                                        QStringLiteral("Control+C copies nothing"));
+    parser.addOptions({windowClass, title, text, otherWindow, ignoreCopy});
     parser.process(app);
     // Qt takes the class part of WM_CLASS from the application name when the window is created.
     QCoreApplication::setApplicationName(parser.value(windowClass));
@@ -77,7 +91,7 @@ int main(int argc, char** argv)
     field.setWindowTitle(parser.value(title));
     field.setText(parser.value(text));
     field.setMinimumWidth(400);
-    ShortcutReporter reporter;
+    ShortcutReporter reporter(parser.isSet(ignoreCopy));
     field.installEventFilter(&reporter);
     field.show();
     // The field is its window's focus, whichever window was active first.

@@ -1,9 +1,12 @@
+#include "AwaitTask.h"
 #include "TestFieldProcess.h"
 #include "core/EventLoopClock.h"
 #include "platform/x11/X11ApplicationWorkspace.h"
 #include "platform/x11/X11DisplayConnection.h"
 #include "platform/x11/X11EventPump.h"
 #include "platform/x11/X11ModifierKeyState.h"
+#include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/X11PrimarySelection.h"
 #include "platform/x11/X11SyntheticKeyboard.h"
 
 #include <gtest/gtest.h>
@@ -157,3 +160,27 @@ TEST_F(X11ExchangeAdaptersTest, ModifierStateFollowsKeysHeldAndReleased)
 }
 
 } // namespace
+
+TEST_F(X11ExchangeAdaptersTest, PrimaryGivesTheKeyboardSelectionOfItsOwnerAndNothingToAnyOtherProcess)
+{
+    TestFieldProcess field;
+    ASSERT_TRUE(field.start(QStringLiteral("MivoraPrimaryField"), QStringLiteral("Primary field"),
+                            QStringLiteral("ghbdtn")));
+    ASSERT_TRUE(field.waitForFocus());
+    // Shift+Home from the end of the line, as a person selects: the toolkit then offers PRIMARY.
+    physicalKey("End", true);
+    physicalKey("End", false);
+    physicalKey("Shift_L", true);
+    physicalKey("Home", true);
+    physicalKey("Home", false);
+    physicalKey("Shift_L", false);
+    ASSERT_TRUE(spinUntil([&] { return field.selection() == QStringLiteral("ghbdtn"); }));
+
+    X11Pasteboard pasteboard(pump);
+    X11PrimarySelection primary(connection.get(), pasteboard);
+    ASSERT_TRUE(spinUntil([&] {
+        return primary.processOfWindow(pasteboard.primaryOwner()) == field.processIdentifier();
+    })) << "the owner's process is named by the server";
+    EXPECT_EQ(AwaitTask::run(primary.selectedText(field.processIdentifier())), QStringLiteral("ghbdtn"));
+    EXPECT_EQ(AwaitTask::run(primary.selectedText(field.processIdentifier() + 1)), std::nullopt);
+}
