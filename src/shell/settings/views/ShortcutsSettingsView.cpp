@@ -69,8 +69,7 @@ void ShortcutsSettingsView::refresh()
         styleIds.append(style.id);
     }
     if (styleIds != m_styleIds) {
-        qDeleteAll(m_styleRows);
-        m_styleRows.clear();
+        discard(m_styleRows);
         for (const QString& id : styleIds) {
             m_styleRows.append(hotkeyRow(
                 m_styles, [this, id](const QString& hotkey) { m_model.setStyleHotkey(id, hotkey); }));
@@ -87,8 +86,7 @@ void ShortcutsSettingsView::refresh()
     static_cast<SettingsSwitch*>(m_tiling->control())->setCheckedQuietly(settings.windowTilingEnabled);
     const QStringList tilingIds = m_model.tilingIds();
     if (tilingIds != m_tilingIds) {
-        qDeleteAll(m_tilingRows);
-        m_tilingRows.clear();
+        discard(m_tilingRows);
         for (const QString& id : tilingIds) {
             m_tilingRows.append(hotkeyRow(
                 m_tilingCard, [this, id](const QString& hotkey) { m_model.setTilingHotkey(id, hotkey); }));
