@@ -184,6 +184,11 @@ void MainWindow::showSelectedPage()
 {
     const int index = int(m_appState.selectedSettingsPage());
     m_sidebar->setCurrentRow(index);
+    // The stack would take the height of its tallest page (all the style cards); only the shown one counts.
+    for (int page = 0; page < m_pages->count(); ++page) {
+        const auto policy = page == index ? QSizePolicy::Preferred : QSizePolicy::Ignored;
+        m_pages->widget(page)->setSizePolicy(policy, policy);
+    }
     m_pages->setCurrentIndex(index);
     m_pageTitle->setText(title(m_appState.selectedSettingsPage(), m_appState.settings().uiLanguage));
 }
