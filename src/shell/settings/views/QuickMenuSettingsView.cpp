@@ -60,7 +60,7 @@ void QuickMenuSettingsView::refresh()
     discard(m_actionRows);
     const QStringList ordered = m_model.orderedActions();
     for (int index = 0; index < ordered.size(); ++index) {
-        const QString id = ordered[index];
+        const QString& id = ordered[index];
         auto* controls = new QWidget;
         auto* layout = new QHBoxLayout(controls);
         layout->setContentsMargins(0, 0, 0, 0);
