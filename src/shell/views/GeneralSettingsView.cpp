@@ -9,7 +9,16 @@
 
 namespace {
 
-enum Row { appearance, interfaceLanguage, menuSize, openOnLaunch, trayIcon, closeToTray, startAtLogin, rowCount };
+enum Row {
+    appearance,
+    interfaceLanguage,
+    menuSize,
+    openOnLaunch,
+    trayIcon,
+    closeToTray,
+    startAtLogin,
+    rowCount
+};
 
 } // namespace
 

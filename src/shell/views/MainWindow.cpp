@@ -60,6 +60,25 @@ QIcon tileIcon(SettingsPage page)
     return QIcon(pixmap);
 }
 
+// Each page scrolls on its own, so a short page never takes the height of a long one; its content is no
+// wider than 700.
+QScrollArea* scrolled(QWidget* page)
+{
+    page->setMaximumWidth(700);
+    auto* content = new QWidget;
+    auto* layout = new QHBoxLayout(content);
+    layout->setContentsMargins(20, 12, 20, 20);
+    layout->addWidget(page, 1);
+    layout->addStretch();
+    auto* scroll = new QScrollArea;
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidget(content);
+    scroll->viewport()->setAutoFillBackground(false);
+    content->setAutoFillBackground(false);
+    return scroll;
+}
+
 } // namespace
 
 MainWindow::MainWindow(MivoraAppState& appState, const SettingsPageServices& services, MainWindowHooks hooks,
@@ -88,36 +107,25 @@ MainWindow::MainWindow(MivoraAppState& appState, const SettingsPageServices& ser
     m_pageTitle->setFont(titleFont);
     m_pageTitle->setContentsMargins(16, 0, 16, 0);
 
-    m_pages = new QStackedWidget;
-    m_pages->setMaximumWidth(700);
+    m_pages = new QStackedWidget(this);
     for (int index = 0; index < pageCount; ++index) {
-        if (index == int(SettingsPage::general)) {
-            m_pages->addWidget(new GeneralSettingsView(appState, m_autostart));
-        } else if (QWidget* page = SettingsPageFactory::make(SettingsPage(index), appState, services)) {
-            m_pages->addWidget(page);
-        } else {
+        QWidget* page = index == int(SettingsPage::general)
+                            ? new GeneralSettingsView(appState, m_autostart)
+                            : SettingsPageFactory::make(SettingsPage(index), appState, services);
+        if (!page) {
             auto* placeholder = new QLabel;
+            placeholder->setObjectName(QStringLiteral("placeholder"));
             placeholder->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-            m_pages->addWidget(placeholder);
+            page = placeholder;
         }
+        m_pages->addWidget(scrolled(page));
     }
-    auto* content = new QWidget;
-    auto* contentLayout = new QHBoxLayout(content);
-    contentLayout->setContentsMargins(20, 12, 20, 20);
-    contentLayout->addWidget(m_pages, 1);
-    contentLayout->addStretch();
-    auto* scroll = new QScrollArea(this);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidget(content);
-    scroll->viewport()->setAutoFillBackground(false);
-    content->setAutoFillBackground(false);
 
     auto* detail = new QVBoxLayout;
     detail->setContentsMargins(0, 0, 0, 0);
     detail->setSpacing(0);
     detail->addWidget(m_pageTitle);
-    detail->addWidget(scroll, 1);
+    detail->addWidget(m_pages, 1);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -172,10 +180,10 @@ void MainWindow::retranslate()
     const UiLanguage language = m_appState.settings().uiLanguage;
     for (int index = 0; index < pageCount; ++index) {
         m_sidebar->item(index)->setText(title(SettingsPage(index), language));
-        if (auto* placeholder = qobject_cast<QLabel*>(m_pages->widget(index))) {
-            placeholder->setText(
-                localized(language, "This page is not ready yet.", "Эта страница пока не готова."));
-        }
+    }
+    for (QLabel* placeholder : m_pages->findChildren<QLabel*>(QStringLiteral("placeholder"))) {
+        placeholder->setText(
+            localized(language, "This page is not ready yet.", "Эта страница пока не готова."));
     }
     m_pageTitle->setText(title(m_appState.selectedSettingsPage(), language));
 }
@@ -191,7 +199,7 @@ void MainWindow::showSelectedPage()
 void MainWindow::setPageWidget(int pageIndex, QWidget* page)
 {
     QWidget* old = m_pages->widget(pageIndex);
-    m_pages->insertWidget(pageIndex, page);
+    m_pages->insertWidget(pageIndex, scrolled(page));
     m_pages->removeWidget(old);
     delete old;
     showSelectedPage();

@@ -72,8 +72,7 @@ void ActionsSettingsView::refresh()
     }
     const QList<QuickAction> actions = m_model.runnableActions();
     if (actions != m_shownActions) {
-        qDeleteAll(m_actionRows);
-        m_actionRows.clear();
+        discard(m_actionRows);
         for (const QuickAction& action : actions) {
             auto* run = new QPushButton;
             connect(run, &QPushButton::clicked, this, [this, action] { m_model.run(action); });

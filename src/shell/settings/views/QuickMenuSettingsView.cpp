@@ -56,15 +56,11 @@ void QuickMenuSettingsView::refresh()
         ->setCheckedQuietly(settings.autoSelectAllBeforeAction);
     m_actionsHeading->setText(localized(language(), "Actions", "Действия"));
 
-    // The rows are few: they are made again at each change, the old ones going after their click returns.
-    for (QWidget* row : std::as_const(m_actionRows)) {
-        row->hide();
-        row->deleteLater();
-    }
-    m_actionRows.clear();
+    // The rows are few: they are made again at each change.
+    discard(m_actionRows);
     const QStringList ordered = m_model.orderedActions();
     for (int index = 0; index < ordered.size(); ++index) {
-        const QString id = ordered[index];
+        const QString& id = ordered[index];
         auto* controls = new QWidget;
         auto* layout = new QHBoxLayout(controls);
         layout->setContentsMargins(0, 0, 0, 0);

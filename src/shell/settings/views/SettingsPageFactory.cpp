@@ -11,8 +11,6 @@ QWidget* SettingsPageFactory::make(SettingsPage page, MivoraAppState& appState,
                                    const SettingsPageServices& services)
 {
     switch (page) {
-    case SettingsPage::general:
-        return nullptr;
     case SettingsPage::actions:
         return new ActionsSettingsView(appState);
     case SettingsPage::styles:
@@ -23,14 +21,11 @@ QWidget* SettingsPageFactory::make(SettingsPage page, MivoraAppState& appState,
         return new QuickMenuSettingsView(appState, services.hotkeys);
     case SettingsPage::shortcuts:
         return new ShortcutsSettingsView(appState, services.hotkeys, services.offersBuiltInDisplay);
-    // The clipboard, layout, permissions and updates pages.
+    // General is the shell's own; the rest are not built yet and the window shows a placeholder.
+    case SettingsPage::general:
     case SettingsPage::clipboard:
-        (void)services;
-        return nullptr;
     case SettingsPage::layout:
-        return nullptr;
     case SettingsPage::permissions:
-        return nullptr;
     case SettingsPage::updates:
         return nullptr;
     }

@@ -30,6 +30,16 @@ protected:
     QVBoxLayout* column() const { return m_column; }
     // A bold heading of a section of the page.
     QLabel* addHeading();
+    // Takes rows off the page; they go once the event that led here has returned, since one of them may be
+    // the sender of that event.
+    template <typename Widget> static void discard(QList<Widget*>& widgets)
+    {
+        for (Widget* widget : std::as_const(widgets)) {
+            widget->hide();
+            widget->deleteLater();
+        }
+        widgets.clear();
+    }
 
     MivoraAppState& m_appState;
 

@@ -46,6 +46,20 @@ SettingsRow* ShortcutsSettingsView::hotkeyRow(SettingsCard* card, std::function<
     return row;
 }
 
+void ShortcutsSettingsView::syncRows(SettingsCard* card, QList<SettingsRow*>& rows, QStringList& shownIds,
+                                     const QStringList& ids,
+                                     const std::function<void(const QString&, const QString&)>& write)
+{
+    if (ids == shownIds) {
+        return;
+    }
+    discard(rows);
+    for (const QString& id : ids) {
+        rows.append(hotkeyRow(card, [write, id](const QString& hotkey) { write(id, hotkey); }));
+    }
+    shownIds = ids;
+}
+
 HotkeyRecorderField* ShortcutsSettingsView::recorder(SettingsRow* row)
 {
     return static_cast<HotkeyRecorderField*>(row->control());
@@ -68,15 +82,8 @@ void ShortcutsSettingsView::refresh()
     for (const PromptStyle& style : styles) {
         styleIds.append(style.id);
     }
-    if (styleIds != m_styleIds) {
-        qDeleteAll(m_styleRows);
-        m_styleRows.clear();
-        for (const QString& id : styleIds) {
-            m_styleRows.append(hotkeyRow(
-                m_styles, [this, id](const QString& hotkey) { m_model.setStyleHotkey(id, hotkey); }));
-        }
-        m_styleIds = styleIds;
-    }
+    syncRows(m_styles, m_styleRows, m_styleIds, styleIds,
+             [this](const QString& id, const QString& hotkey) { m_model.setStyleHotkey(id, hotkey); });
     for (qsizetype i = 0; i < styles.size(); ++i) {
         m_styleRows[i]->setTitle(m_appState.styleTitle(styles[i]));
         m_styleRows[i]->setSubtitle(ShortcutsSettingsModel::styleSubtitle(styles[i], language()));
@@ -86,15 +93,8 @@ void ShortcutsSettingsView::refresh()
     m_tiling->setTitle(localized(language(), "Arrange windows with hotkeys", "Раскладывать окна хоткеями"));
     static_cast<SettingsSwitch*>(m_tiling->control())->setCheckedQuietly(settings.windowTilingEnabled);
     const QStringList tilingIds = m_model.tilingIds();
-    if (tilingIds != m_tilingIds) {
-        qDeleteAll(m_tilingRows);
-        m_tilingRows.clear();
-        for (const QString& id : tilingIds) {
-            m_tilingRows.append(hotkeyRow(
-                m_tilingCard, [this, id](const QString& hotkey) { m_model.setTilingHotkey(id, hotkey); }));
-        }
-        m_tilingIds = tilingIds;
-    }
+    syncRows(m_tilingCard, m_tilingRows, m_tilingIds, tilingIds,
+             [this](const QString& id, const QString& hotkey) { m_model.setTilingHotkey(id, hotkey); });
     for (qsizetype i = 0; i < tilingIds.size(); ++i) {
         const auto text = ShortcutsSettingsModel::tilingText(tilingIds[i], language());
         m_tilingRows[i]->setTitle(text.title);

@@ -23,6 +23,10 @@ protected:
 private:
     // A row with a title, a subtitle and a 142-wide recorder that calls write with each recorded text.
     SettingsRow* hotkeyRow(SettingsCard* card, std::function<void(const QString&)> write);
+    // Makes the rows again, one per id, when the ids differ from those shown.
+    void syncRows(SettingsCard* card, QList<SettingsRow*>& rows, QStringList& shownIds,
+                  const QStringList& ids,
+                  const std::function<void(const QString& id, const QString& hotkey)>& write);
     static HotkeyRecorderField* recorder(SettingsRow* row);
 
     GlobalHotkeySuspension* m_hotkeys;

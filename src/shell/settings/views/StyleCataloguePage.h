@@ -27,8 +27,7 @@ protected:
             sameIds = cards[i]->styleId() == styles[i].id;
         }
         if (!sameIds) {
-            qDeleteAll(cards);
-            cards.clear();
+            discard(cards);
             for (qsizetype i = 0; i < styles.size(); ++i) {
                 cards.append(make());
                 m_cards->addWidget(cards.back());
