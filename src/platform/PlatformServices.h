@@ -3,6 +3,7 @@
 #include <memory>
 
 class AccessibilityTree;
+class ApplicationCatalog;
 class Clock;
 class ApplicationWorkspace;
 class GlobalHotkeyRegistrar;
@@ -42,6 +43,8 @@ public:
     std::unique_ptr<Updater> updater;
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<ApplicationWorkspace> workspace;
+    // The installed applications, for choosing one in the settings.
+    std::unique_ptr<ApplicationCatalog> applications;
     std::unique_ptr<AccessibilityTree> accessibility;
     std::unique_ptr<SyntheticKeyboard> keyboard;
     std::unique_ptr<ModifierKeyState> modifiers;
