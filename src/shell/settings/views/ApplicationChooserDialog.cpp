@@ -3,6 +3,7 @@
 #include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QListWidget>
+#include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -16,7 +17,7 @@ ApplicationChooserDialog::ApplicationChooserDialog(ApplicationCatalog& catalog, 
     m_list = new QListWidget(this);
     m_list->setIconSize(QSize(24, 24));
     for (const InstalledApplication& application : m_applications) {
-        new QListWidgetItem(iconOf(application.icon), application.name, m_list);
+        new QListWidgetItem(iconOf(application.icon, application.name), application.name, m_list);
     }
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     QPushButton* add = buttons->button(QDialogButtonBox::Ok);
@@ -62,7 +63,7 @@ bool ApplicationChooserDialog::selectByName(const QString& name)
     return false;
 }
 
-QIcon ApplicationChooserDialog::iconOf(const QString& icon)
+QIcon ApplicationChooserDialog::iconOf(const QString& icon, const QString& name)
 {
     QIcon result;
     if (QFileInfo(icon).isAbsolute()) {
@@ -70,8 +71,22 @@ QIcon ApplicationChooserDialog::iconOf(const QString& icon)
     } else if (!icon.isEmpty()) {
         result = QIcon::fromTheme(icon);
     }
-    if (result.isNull()) {
-        result = QIcon::fromTheme(QStringLiteral("application-x-executable"));
+    if (!result.isNull()) {
+        return result;
     }
-    return result;
+    // A tile with the name's initial, so that a row never shows a hole.
+    QPixmap tile(64, 64);
+    tile.fill(Qt::transparent);
+    QPainter painter(&tile);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor::fromHsv(int(qHash(name) % 360), 110, 190));
+    painter.drawRoundedRect(QRectF(2, 2, 60, 60), 14, 14);
+    QFont font = painter.font();
+    font.setPixelSize(34);
+    font.setBold(true);
+    painter.setFont(font);
+    painter.setPen(Qt::white);
+    painter.drawText(QRectF(0, 0, 64, 64), Qt::AlignCenter, name.left(1).toUpper());
+    return QIcon(tile);
 }

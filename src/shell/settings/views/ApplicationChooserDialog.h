@@ -22,8 +22,9 @@ public:
     // Picks the first application of that name; false when none has it.
     bool selectByName(const QString& name);
 
-    // The icon an entry names: an image file, or an icon of the desktop theme; a generic one otherwise.
-    static QIcon iconOf(const QString& icon);
+    // The icon an entry names: an image file or an icon of the desktop theme; otherwise a tile with the
+    // initial of name.
+    static QIcon iconOf(const QString& icon, const QString& name);
 
 private:
     QList<InstalledApplication> m_applications;

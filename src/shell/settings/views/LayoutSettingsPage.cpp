@@ -175,7 +175,8 @@ void LayoutSettingsPage::refreshRules()
         auto* icon = new QLabel(row);
         const std::optional<InstalledApplication> application = m_catalog.application(rule.appPath);
         icon->setPixmap(
-            ApplicationChooserDialog::iconOf(application ? application->icon : QString()).pixmap(30, 30));
+            ApplicationChooserDialog::iconOf(application ? application->icon : QString(), rule.appName)
+                .pixmap(30, 30));
         icon->setFixedSize(30, 30);
         auto* name = new QLabel(rule.appName, row);
         auto* picker = new QComboBox(row);
