@@ -2,7 +2,7 @@
 
 #include "core/MivoraAppState.h"
 #include "shell/settings/ClipboardSettingsModel.h"
-#include "shell/settings/views/SettingsSymbol.h"
+#include "shell/settings/views/SettingsPageKit.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -107,14 +107,7 @@ void ClipboardSettingsPage::refreshItems()
         return;
     }
     m_itemsStale = false;
-    // A row may be the sender of the signal that got here: it goes once control is back in the loop.
-    while (QLayoutItem* old = m_itemsLayout->takeAt(0)) {
-        if (QWidget* widget = old->widget()) {
-            widget->hide();
-            widget->deleteLater();
-        }
-        delete old;
-    }
+    discardRows(m_itemsLayout);
     const UiLanguage language = m_appState.settings().uiLanguage;
     if (m_model->items().isEmpty()) {
         m_itemsLayout->addWidget(

@@ -5,7 +5,7 @@
 #include "platform/ApplicationCatalog.h"
 #include "shell/settings/LayoutSettingsModel.h"
 #include "shell/settings/views/ApplicationChooserDialog.h"
-#include "shell/settings/views/SettingsSymbol.h"
+#include "shell/settings/views/SettingsPageKit.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -32,11 +32,7 @@ LayoutSettingsPage::LayoutSettingsPage(MivoraAppState& appState, KeyboardLayoutS
     m_hotkey->setFrameShape(QFrame::StyledPanel);
     m_hotkey->setAlignment(Qt::AlignCenter);
     m_perApp = new QCheckBox(this);
-    m_perAppNote = new QLabel(this);
-    m_perAppNote->setWordWrap(true);
-    QFont small = m_perAppNote->font();
-    small.setPointSizeF(small.pointSizeF() * 0.9);
-    m_perAppNote->setFont(small);
+    m_perAppNote = makeNote(this);
     m_rules = new QWidget(this);
     m_rulesLayout = new QVBoxLayout(m_rules);
     m_rulesLayout->setContentsMargins(0, 0, 0, 0);
@@ -160,14 +156,7 @@ void LayoutSettingsPage::refreshRules()
     m_shownLanguage = settings.uiLanguage;
     m_shownRules = settings.appLayoutRules;
     m_shownNames = m_model->layoutNames();
-    // A row may be the sender of the signal that got here: it goes once control is back in the loop.
-    while (QLayoutItem* old = m_rulesLayout->takeAt(0)) {
-        if (QWidget* widget = old->widget()) {
-            widget->hide();
-            widget->deleteLater();
-        }
-        delete old;
-    }
+    discardRows(m_rulesLayout);
     for (const AppLayoutRule& rule : m_shownRules) {
         auto* row = new QWidget(m_rules);
         auto* rowLayout = new QHBoxLayout(row);

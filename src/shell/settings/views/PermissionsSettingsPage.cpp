@@ -2,7 +2,7 @@
 
 #include "core/MivoraAppState.h"
 #include "exchange/PermissionController.h"
-#include "shell/settings/views/SettingsSymbol.h"
+#include "shell/settings/views/SettingsPageKit.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -35,11 +35,7 @@ PermissionsSettingsPage::PermissionsSettingsPage(MivoraAppState& appState, Permi
     m_openAccessibility = new QPushButton(this);
     m_openInputMonitoring = new QPushButton(this);
     m_reset = new QPushButton(this);
-    m_resetNote = new QLabel(this);
-    m_resetNote->setWordWrap(true);
-    QFont small = m_resetNote->font();
-    small.setPointSizeF(small.pointSizeF() * 0.9);
-    m_resetNote->setFont(small);
+    m_resetNote = makeNote(this);
 
     auto* firstButtons = new QHBoxLayout;
     firstButtons->addWidget(m_refresh);

@@ -2,7 +2,7 @@
 
 #include "core/MivoraAppState.h"
 #include "shell/settings/UpdatesSettingsModel.h"
-#include "shell/settings/views/SettingsSymbol.h"
+#include "shell/settings/views/SettingsPageKit.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -59,11 +59,7 @@ UpdatesSettingsPage::UpdatesSettingsPage(MivoraAppState& appState, AppUpdateMana
     m_install = new QPushButton(this);
     m_automatic = new QCheckBox(this);
     m_notifications = new QCheckBox(this);
-    m_note = new QLabel(this);
-    m_note->setWordWrap(true);
-    QFont small = m_note->font();
-    small.setPointSizeF(small.pointSizeF() * 0.9);
-    m_note->setFont(small);
+    m_note = makeNote(this);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -1,8 +1,10 @@
-#include "shell/settings/views/SettingsSymbol.h"
+#include "shell/settings/views/SettingsPageKit.h"
 
 #include "panels/views/ThemePainter.h"
 
 #include <QHash>
+#include <QLabel>
+#include <QLayout>
 #include <QPainter>
 #include <QPixmap>
 
@@ -47,4 +49,25 @@ QIcon settingsSymbol(const QString& name, const QColor& ink, int size)
     painter.setPen(ink);
     painter.drawText(QRectF(0, 0, size, size), Qt::AlignCenter, QString::fromUtf8(known->glyph));
     return QIcon(pixmap);
+}
+
+QLabel* makeNote(QWidget* parent)
+{
+    auto* note = new QLabel(parent);
+    note->setWordWrap(true);
+    QFont small = note->font();
+    small.setPointSizeF(small.pointSizeF() * 0.9);
+    note->setFont(small);
+    return note;
+}
+
+void discardRows(QLayout* layout)
+{
+    while (QLayoutItem* old = layout->takeAt(0)) {
+        if (QWidget* widget = old->widget()) {
+            widget->hide();
+            widget->deleteLater();
+        }
+        delete old;
+    }
 }
