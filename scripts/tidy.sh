@@ -11,7 +11,9 @@ scripts/deps.sh clang clang-tidy clang-tools
 # The preset's global autogen target runs moc (and uic, once views use it) for every library without
 # compiling anything.
 cmake --preset tidy -B "$build" >/dev/null
-cmake --build "$build" --target autogen >/dev/null
+log=$(mktemp)
+cmake --build "$build" --target autogen >"$log" 2>&1 || { tail -30 "$log" >&2; rm -f "$log"; exit 2; }
+rm -f "$log"
 
 report=$(mktemp)
 trap 'rm -f "$report"' EXIT

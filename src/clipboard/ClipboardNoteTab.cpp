@@ -30,7 +30,7 @@ std::optional<ClipboardNoteTab> ClipboardNoteTab::fromJson(const QJsonValue& val
         return std::nullopt;
     }
     ClipboardNoteTab tab{std::move(*id), std::move(*title), {}, *createdAt, *updatedAt};
-    for (const QJsonValue& noteValue : noteValues.toArray()) {
+    for (const auto& noteValue : noteValues.toArray()) {
         std::optional<ClipboardNoteItem> note = ClipboardNoteItem::fromJson(noteValue);
         if (!note) {
             return std::nullopt;

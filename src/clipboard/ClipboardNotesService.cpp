@@ -176,7 +176,7 @@ void ClipboardNotesService::save()
 
 QString ClipboardNotesService::normalizedTitle(const QString& title, const QString& fallback)
 {
-    const QString trimmed = title.trimmed();
+    QString trimmed = title.trimmed();
     if (trimmed.isEmpty()) {
         return fallback;
     }

@@ -34,7 +34,7 @@ std::optional<QList<T>> decodeArray(const QByteArray& json, Decoder decodeElemen
     const QJsonArray array = document.array();
     QList<T> result;
     result.reserve(array.size());
-    for (const QJsonValue& element : array) {
+    for (const auto& element : array) {
         std::optional<T> decoded = decodeElement(element);
         if (!decoded) {
             return std::nullopt;

@@ -8,7 +8,7 @@ const QString stylePrefix = QStringLiteral("style:");
 
 QString QuickAction::normalize(const QString& raw)
 {
-    const QString text = raw.trimmed();
+    QString text = raw.trimmed();
     if (text.startsWith(stylePrefix)) {
         return text;
     }

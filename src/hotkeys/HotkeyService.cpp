@@ -91,7 +91,7 @@ void HotkeyService::registerConfiguredHotkeys()
     QSet<QString> signatures;
     quint32 id = 1;
     // The order is a priority: an earlier row wins every conflict with a later one.
-    const auto add = [&](const QString& hotkey, RegisteredHotkeyAction action) {
+    const auto add = [&](const QString& hotkey, const RegisteredHotkeyAction& action) {
         if (registerHotkey(id, hotkey, action, signatures)) {
             ++id;
         }
@@ -169,7 +169,7 @@ void HotkeyService::handleHotkey(quint32 id)
     if (it == m_registeredActions.cend()) {
         return;
     }
-    const RegisteredHotkeyAction action = *it;
+    const RegisteredHotkeyAction& action = *it;
     switch (action.kind) {
     case Kind::quickMenu:
         m_services.panels.toggleQuickPanel();

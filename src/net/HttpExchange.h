@@ -20,7 +20,7 @@ public:
         // Longest time the whole exchange may take, however steadily the bytes arrive.
         std::chrono::milliseconds overallTimeout{180'000};
         // Answers are read whole; a bigger one is dropped rather than held in memory.
-        qint64 maxResponseBytes = 16 * 1024 * 1024;
+        qint64 maxResponseBytes = qint64(16) * 1024 * 1024;
     };
 
     struct Response {

@@ -20,7 +20,7 @@ std::optional<double> storedDimension(const DefaultsStore& defaults, const QStri
 
 } // namespace
 
-SavedPanelSize::SavedPanelSize(DefaultsStore& defaults, QString keyPrefix, Limits limits)
+SavedPanelSize::SavedPanelSize(DefaultsStore& defaults, const QString& keyPrefix, Limits limits)
     : m_defaults(defaults), m_widthKey(keyPrefix + QStringLiteral(".width")),
       m_heightKey(keyPrefix + QStringLiteral(".height")), m_limits(limits)
 {}

@@ -15,7 +15,7 @@ public:
         QSize fallback;
     };
 
-    SavedPanelSize(DefaultsStore& defaults, QString keyPrefix, Limits limits);
+    SavedPanelSize(DefaultsStore& defaults, const QString& keyPrefix, Limits limits);
 
     // The stored size clamped to the limits; the fallback when nothing usable is stored.
     QSize load() const;

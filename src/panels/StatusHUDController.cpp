@@ -5,7 +5,7 @@
 #include "panels/StatusHUDSurface.h"
 
 StatusHUDController::StatusHUDController(SurfaceFactory makeSurface, QObject* parent)
-    : QObject(parent), m_makeSurface(std::move(makeSurface))
+    : QObject(parent), m_surface(std::move(makeSurface))
 {}
 
 StatusHUDController::~StatusHUDController() = default;
@@ -34,23 +34,21 @@ void StatusHUDController::statusChanged()
 
 void StatusHUDController::show(const ActionStatus& status)
 {
-    if (!m_surface) {
-        m_surface = m_makeSurface();
-    }
     const AppearanceMode appearance =
         m_appState ? m_appState->settings().appearanceMode : MivoraSettings().appearanceMode;
     const SurfaceMode surface = m_appState ? m_appState->systemSurfaceMode() : SurfaceMode::translucent;
-    m_surface->present(StatusHUDContent::of(status), appearance, surface);
+    m_surface.get().present(StatusHUDContent::of(status), appearance, surface);
 }
 
 void StatusHUDController::hide()
 {
-    if (m_surface) {
-        m_surface->orderOut();
+    if (StatusHUDSurface* surface = m_surface.ifMade()) {
+        surface->orderOut();
     }
 }
 
 bool StatusHUDController::isShown() const
 {
-    return m_surface && m_surface->isShown();
+    const StatusHUDSurface* surface = m_surface.ifMade();
+    return surface != nullptr && surface->isShown();
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "core/ActionStatus.h"
+#include "panels/LazyPanel.h"
+#include "panels/StatusHUDSurface.h"
 
 #include <QObject>
 #include <QPointer>
@@ -8,7 +10,6 @@
 #include <memory>
 
 class MivoraAppState;
-class StatusHUDSurface;
 
 // Shows the state of a running or finished action in a small overlay, so the user gets feedback with no
 // window of this program in front. It has no timer of its own: the overlay stays until the state publishes
@@ -32,7 +33,6 @@ public:
 private:
     void statusChanged();
 
-    SurfaceFactory m_makeSurface;
-    std::unique_ptr<StatusHUDSurface> m_surface;
+    LazyPanel<StatusHUDSurface> m_surface;
     QPointer<MivoraAppState> m_appState;
 };

@@ -5,6 +5,7 @@
 class AccessibilityTree;
 class ApplicationCatalog;
 class Clock;
+class FloatingWindowTraits;
 class ApplicationWorkspace;
 class GlobalHotkeyRegistrar;
 class InputEventMonitor;
@@ -53,6 +54,7 @@ public:
     std::unique_ptr<GlobalHotkeyRegistrar> hotkeyRegistrar;
     // Mouse presses going to other applications; its monitors are null where the platform cannot watch them.
     std::unique_ptr<InputEventMonitor> globalInput;
+    std::unique_ptr<FloatingWindowTraits> floatingWindows;
 
     // Connects to the display server when there is one; without one, each service degrades to "nothing
     // available" rather than failing. Waits for other programs' answers run on clock, which must outlive

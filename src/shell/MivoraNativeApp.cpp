@@ -38,16 +38,19 @@
 #include "text/NativeActionService.h"
 #include "updates/AppUpdateClient.h"
 #include "updates/AppUpdateManager.h"
+#include "updates/UpdateAlertPresenter.h"
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 #include <QNetworkAccessManager>
 #include <QTextStream>
 
 namespace {
+Q_LOGGING_CATEGORY(statusLog, "mivora.status", QtWarningMsg)
 const QString requestPermissionsOnLaunchKey = QStringLiteral("mivora.requestPermissionsOnLaunch");
 } // namespace
 
-MivoraNativeApp::MivoraNativeApp(Views views, QObject* parent)
+MivoraNativeApp::MivoraNativeApp(const Views& views, QObject* parent)
     : QObject(parent), m_clock(std::make_unique<EventLoopClock>()),
       m_defaults(std::make_unique<QSettingsDefaultsStore>()),
       m_settingsStore(std::make_unique<NativeSettingsStore>(*m_defaults)),
@@ -80,7 +83,7 @@ MivoraNativeApp::MivoraNativeApp(Views views, QObject* parent)
                                 *m_exchange, *m_panels, *m_windows});
     m_updateManager = std::make_unique<AppUpdateManager>(
         std::make_unique<AppUpdateClient>(*m_network, deployment, *m_clock), *m_defaults, *m_clock,
-        *m_platform.urlOpener, m_platform.updater.get(), nullptr);
+        *m_platform.urlOpener, m_platform.updater.get());
     makeFace(views);
 }
 
@@ -101,6 +104,11 @@ void MivoraNativeApp::makeFace(const Views& views)
                             {}});
         m_delegate = std::make_unique<MivoraAppDelegate>(
             MivoraAppDelegate::Services{*m_clock, *m_defaults, *m_mainWindow, views.trayHostAvailable});
+    }
+    if (views.makeUpdateAlerts) {
+        m_updateAlerts =
+            views.makeUpdateAlerts(*m_updateManager, [this] { return m_appState->settings().uiLanguage; });
+        m_updateManager->setAlertPresenter(m_updateAlerts.get());
     }
     if (views.makeTray) {
         MenuBarController::Actions actions;
@@ -131,6 +139,7 @@ MivoraNativeApp::~MivoraNativeApp()
 {
     // Release the global chords before the registrar's connection goes.
     m_hotkeys->stop();
+    m_updateManager->setAlertPresenter(nullptr);
 }
 
 QCoro::Task<int> MivoraNativeApp::runCommand(QString action, QString text)
@@ -150,11 +159,12 @@ QCoro::Task<int> MivoraNativeApp::runCommand(QString action, QString text)
 
 void MivoraNativeApp::start()
 {
-    // Until the status overlay exists, failures of the resident services are told on stderr.
+    // The user reads failures on the overlay. For whoever diagnoses a session, they are also logged, off
+    // unless asked for (QT_LOGGING_RULES="mivora.status.info=true").
     connect(m_appState.get(), &MivoraAppState::statusChanged, this, [this] {
         const ActionStatus& status = m_appState->status();
         if (status.kind == ActionStatus::Kind::failed) {
-            QTextStream(stderr) << "MivoraAI: " << status.text << Qt::endl;
+            qCInfo(statusLog).noquote() << status.text;
         }
     });
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/UiLanguage.h"
 #include "platform/PlatformServices.h"
 #include "shell/MainWindowHost.h"
 
@@ -31,6 +32,7 @@ class QNetworkAccessManager;
 class StatusHUDController;
 class StatusHUDSurface;
 class TraySurface;
+class UpdateAlertPresenter;
 
 // Owns the long-lived objects of the process, creates them in dependency order and starts the resident
 // services in their fixed order. GUI thread.
@@ -44,9 +46,11 @@ public:
         std::function<std::unique_ptr<TraySurface>()> makeTray;
         std::function<bool()> trayHostAvailable;
         std::function<std::unique_ptr<MainWindowHost>(MivoraAppState&, MainWindowHooks)> makeMainWindow;
+        std::function<std::unique_ptr<UpdateAlertPresenter>(AppUpdateManager&, std::function<UiLanguage()>)>
+            makeUpdateAlerts;
     };
 
-    explicit MivoraNativeApp(Views views = {}, QObject* parent = nullptr);
+    explicit MivoraNativeApp(const Views& views = {}, QObject* parent = nullptr);
     ~MivoraNativeApp() override;
 
     MivoraAppState& appState() { return *m_appState; }
@@ -83,6 +87,7 @@ private:
     std::unique_ptr<PendingWindowTargets> m_windows;
     std::unique_ptr<HotkeyService> m_hotkeys;
     std::unique_ptr<AppUpdateManager> m_updateManager;
+    std::unique_ptr<UpdateAlertPresenter> m_updateAlerts;
     std::unique_ptr<MainWindowHost> m_mainWindow;
     std::unique_ptr<MivoraAppDelegate> m_delegate;
     std::unique_ptr<StatusHUDController> m_statusHUD;

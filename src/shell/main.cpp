@@ -8,6 +8,7 @@
 #include "shell/views/MainWindow.h"
 #include "shell/views/MenuBarIcon.h"
 #include "shell/views/TrayIcon.h"
+#include "updates/views/UpdateAlertDialog.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -42,7 +43,7 @@ int runOnce(int argc, char** argv, const CommandLine& command)
         QCoreApplication::exit(code);
     });
     if (!task.isReady()) {
-        app.exec();
+        QCoreApplication::exec();
     }
     return exitCode;
 }
@@ -56,6 +57,9 @@ MivoraNativeApp::Views residentViews()
     views.trayHostAvailable = [] { return TrayIcon::isHostAvailable(); };
     views.makeMainWindow = [](MivoraAppState& state, MainWindowHooks hooks) {
         return std::make_unique<MainWindow>(state, std::move(hooks));
+    };
+    views.makeUpdateAlerts = [](AppUpdateManager& updates, std::function<UiLanguage()> language) {
+        return std::make_unique<UpdateAlertDialog>(updates, std::move(language));
     };
     return views;
 }
@@ -102,7 +106,7 @@ int runResident(int argc, char** argv)
     if (!warning.isEmpty()) {
         mivora.appState().publishStatus(ActionStatus::done(warning));
     }
-    return app.exec();
+    return QApplication::exec();
 }
 
 } // namespace

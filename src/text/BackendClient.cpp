@@ -41,7 +41,8 @@ PromptStyle insistingTranslationStyle(PromptStyle style, const QString& targetLa
 HttpExchange::Limits BackendClient::defaultLimits()
 {
     // 60 s without bytes ends a request; the shared session gives no exchange more than 180 s in all.
-    return HttpExchange::Limits{std::chrono::seconds(60), std::chrono::seconds(180), 16 * 1024 * 1024};
+    return HttpExchange::Limits{std::chrono::seconds(60), std::chrono::seconds(180),
+                                qint64(16) * 1024 * 1024};
 }
 
 BackendClient::BackendClient(QNetworkAccessManager& network, BackendCredentials credentials,

@@ -14,11 +14,11 @@ BackendCredentials::BackendCredentials(DefaultsStore& defaults, QString token)
 
 QString BackendCredentials::deviceId()
 {
-    const QString stored = m_defaults.value(deviceIdKey).toString();
+    QString stored = m_defaults.value(deviceIdKey).toString();
     if (!stored.isEmpty()) {
         return stored;
     }
-    const QString made = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+    QString made = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
     m_defaults.setValue(deviceIdKey, made);
     return made;
 }

@@ -172,7 +172,7 @@ KeyboardLayoutService::findSource(const QString& name, const QList<KeyboardInput
     const QString target = normalizedName(name);
     // All four tests on one source before the next: an early source that merely contains the target wins
     // over a later exact match.
-    const auto direct = firstWhere(sources, [&target](const KeyboardInputSource& s) {
+    auto direct = firstWhere(sources, [&target](const KeyboardInputSource& s) {
         const QString sourceName = normalizedName(s.name);
         const QString sourceId = normalizedName(s.id);
         return sourceName == target || sourceId == target || sourceName.contains(target) ||

@@ -7,7 +7,7 @@
 
 HttpExchange::Limits AppUpdateClient::defaultLimits()
 {
-    return HttpExchange::Limits{std::chrono::seconds(60), std::chrono::seconds(30), 1024 * 1024};
+    return HttpExchange::Limits{std::chrono::seconds(60), std::chrono::seconds(30), qint64(1024) * 1024};
 }
 
 AppUpdateClient::AppUpdateClient(QNetworkAccessManager& network, const DeploymentConfiguration& configuration,

@@ -18,10 +18,9 @@ constexpr std::chrono::hours automaticCheckMinimumGap{24};
 } // namespace
 
 AppUpdateManager::AppUpdateManager(std::unique_ptr<AppUpdateClient> client, DefaultsStore& defaults,
-                                   Clock& clock, UrlOpener& urlOpener, Updater* updater,
-                                   UpdateAlertPresenter* alerts, QObject* parent)
+                                   Clock& clock, UrlOpener& urlOpener, Updater* updater, QObject* parent)
     : QObject(parent), m_client(std::move(client)), m_defaults(defaults), m_clock(clock),
-      m_urlOpener(urlOpener), m_updater(updater), m_alerts(alerts),
+      m_urlOpener(urlOpener), m_updater(updater),
       m_lastNotifiedBuild(defaults.value(lastNotifiedBuildKey).toLongLong())
 {}
 
@@ -40,8 +39,10 @@ void AppUpdateManager::startAutomaticChecks(SettingsSource currentSettings)
     }
     // The timer dies with the manager, so the firing never outlives it. The settings are read at each
     // firing: turning checks off takes effect then, and the timer keeps running.
-    m_automaticCheckTimer = m_clock.scheduleRepeating(
-        automaticCheckInterval, [this, currentSettings] { checkAutomaticallyIfNeeded(currentSettings()); });
+    m_automaticCheckTimer = m_clock.scheduleRepeating(automaticCheckInterval,
+                                                      [this, currentSettings = std::move(currentSettings)] {
+                                                          checkAutomaticallyIfNeeded(currentSettings());
+                                                      });
 }
 
 QCoro::Task<> AppUpdateManager::checkAutomaticallyIfNeeded(MivoraSettings settings)

@@ -24,11 +24,9 @@ public:
     enum class CheckTrigger { launch, automatic, manual };
     using SettingsSource = std::function<MivoraSettings()>;
 
-    // updater may be null where the platform has none; alerts may be null until a UI exists (alertMessage
-    // still changes). All other services must outlive the manager.
+    // updater may be null where the platform has none. All other services must outlive the manager.
     AppUpdateManager(std::unique_ptr<AppUpdateClient> client, DefaultsStore& defaults, Clock& clock,
-                     UrlOpener& urlOpener, Updater* updater, UpdateAlertPresenter* alerts,
-                     QObject* parent = nullptr);
+                     UrlOpener& urlOpener, Updater* updater, QObject* parent = nullptr);
     ~AppUpdateManager() override;
 
     const AppUpdateSnapshot& snapshot() const { return m_snapshot; }
@@ -38,6 +36,9 @@ public:
     // Shown as an alert.
     const std::optional<QString>& alertMessage() const { return m_alertMessage; }
     void clearAlertMessage();
+    // Who shows alerts from now on; null (the default: no face, as on the command line) leaves alertMessage
+    // changing with nobody told. Must outlive the manager or be replaced first.
+    void setAlertPresenter(UpdateAlertPresenter* alerts) { m_alerts = alerts; }
 
     // Called once at launch: checks now if the settings allow it, then every six hours.
     void startAutomaticChecks(SettingsSource currentSettings);
@@ -65,7 +66,7 @@ private:
     Clock& m_clock;
     UrlOpener& m_urlOpener;
     Updater* m_updater;
-    UpdateAlertPresenter* m_alerts;
+    UpdateAlertPresenter* m_alerts = nullptr;
 
     AppUpdateSnapshot m_snapshot;
     bool m_isChecking = false;

@@ -288,7 +288,7 @@ TEST_F(ClipboardHistoryServiceTest, DayLimitUsesCalendarDays)
     tzset();
 }
 
-TEST_F(ClipboardHistoryServiceTest, StoredFormatRoundTripsRemovalsPersistAndDamageLoadsEmpty)
+TEST_F(ClipboardHistoryServiceTest, StoredFormatRoundTripsWholeRemovalsPersistAndDamageLoadsEmpty)
 {
     service();
     copy(QStringLiteral("alpha"));
@@ -325,14 +325,10 @@ TEST_F(ClipboardHistoryServiceTest, StoredFormatRoundTripsRemovalsPersistAndDama
     defaults.setValue(ClipboardHistoryService::storageKey(), QJsonDocument(oneBad).toJson());
     EXPECT_TRUE(ClipboardHistoryService(pasteboard, clock, defaults).items().isEmpty())
         << "one bad entry loses all";
-}
 
-TEST_F(ClipboardHistoryServiceTest, HugeTextIsStoredWhole)
-{
-    service();
+    // A huge text is recorded and stored whole.
     const QString huge = QString(QStringLiteral("line of text\n")).repeated(400000);
     copy(huge);
-    ASSERT_EQ(service().items().size(), 1);
     EXPECT_EQ(service().items().first().text, huge.trimmed());
     EXPECT_EQ(ClipboardHistoryService(pasteboard, clock, defaults).items().first().text, huge.trimmed());
 }

@@ -51,7 +51,7 @@ protected:
     int saves = 0;
 };
 
-TEST_F(ClipboardNotesServiceTest, FirstLaunchIsEmptyWritesNothingAndTheFileHoldsTheEncodedTabs)
+TEST_F(ClipboardNotesServiceTest, FirstLaunchWritesNothingAndTheFileHoldsTheEncodedTabsWithTrimmedTitles)
 {
     auto notes = open();
     EXPECT_TRUE(notes->tabs().isEmpty());
@@ -69,11 +69,8 @@ TEST_F(ClipboardNotesServiceTest, FirstLaunchIsEmptyWritesNothingAndTheFileHolds
     EXPECT_DOUBLE_EQ(stored.value("createdAt").toDouble(), 790171200.0);
     const QJsonObject note = stored.value("notes").toArray().first().toObject();
     EXPECT_EQ(note.keys(), (QStringList{"createdAt", "id", "text", "updatedAt"}));
-}
 
-TEST_F(ClipboardNotesServiceTest, TitlesAreTrimmedAndCutAt32Characters)
-{
-    auto notes = open();
+    // Titles are trimmed and cut at 32 characters.
     EXPECT_EQ(notes->addTab(QStringLiteral(" \n\t")).title, QStringLiteral("Notes"));
     const QString forty = QStringLiteral("abcdefghij").repeated(4);
     EXPECT_EQ(notes->addTab(QStringLiteral("   ") + forty).title, forty.left(32));

@@ -12,13 +12,9 @@ AIReplyStyle builtInCopy(qsizetype index)
     return builtInStyles().at(index);
 }
 
-TEST(RestoredStyles, EmptyListGivesTheCatalogue)
-{
-    EXPECT_EQ(restoredStyles({}), builtInStyles());
-}
-
 TEST(RestoredStyles, KeepsEditsFillsBlanksAndAppendsCustomStyles)
 {
+    EXPECT_EQ(restoredStyles({}), builtInStyles());
     const AIReplyStyle custom{"custom-reply-1", QString(), "Be brief.", QString()};
     AIReplyStyle polite = builtInCopy(3);
     polite.name = QStringLiteral("Kind");

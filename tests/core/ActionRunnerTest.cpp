@@ -60,9 +60,8 @@ TEST_F(ActionRunnerTest, SampleRunOfAStyleNeverTouchesOtherApplications)
 {
     backend.duration = 250ms;
     run("style:polite", false, true);
-    EXPECT_EQ(status.status(), ActionStatus::running("Polite running"));
     clock.advance(249ms);
-    EXPECT_EQ(status.status().kind, ActionStatus::Kind::running);
+    EXPECT_EQ(status.status(), ActionStatus::running("Polite running"));
     clock.advance(1ms);
 
     EXPECT_EQ(statuses, (QStringList{"Polite running", "Polite running", "HELLO THERE"}));
@@ -76,7 +75,7 @@ TEST_F(ActionRunnerTest, SampleRunOfAStyleNeverTouchesOtherApplications)
     EXPECT_EQ(latestOutput, "HELLO THERE");
     EXPECT_EQ(sampleText, "HELLO THERE");
     clock.advance(900ms);
-    EXPECT_EQ(status.status(), ActionStatus::idle());
+    EXPECT_EQ(status.status(), ActionStatus::idle()) << "published with its reset";
 }
 
 TEST_F(ActionRunnerTest, PastedStyleRunReadsSelectsAllAndPastesWithStandardTiming)
@@ -119,9 +118,7 @@ TEST_F(ActionRunnerTest, FailuresKeepOutputsAndResetAfterTheirDelay)
     EXPECT_EQ(status.status(), ActionStatus::failed("Backend returned HTTP 500."));
     EXPECT_EQ(latestOutput, "KEEP");
     EXPECT_EQ(sampleText, "KEEP");
-    clock.advance(1299ms);
-    EXPECT_EQ(status.status().kind, ActionStatus::Kind::failed);
-    clock.advance(1ms);
+    clock.advance(1300ms);
     EXPECT_EQ(status.status(), ActionStatus::idle());
 
     backend.error.reset();

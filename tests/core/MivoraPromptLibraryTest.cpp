@@ -30,7 +30,7 @@ const PromptStyle& entry(const QList<PromptStyle>& styles, const char* id)
     throw std::runtime_error(id);
 }
 
-QStringList idsOf(const QList<PromptStyle>& styles)
+template <typename Style> QStringList idsOf(const QList<Style>& styles)
 {
     QStringList ids;
     for (const auto& style : styles) {
@@ -39,18 +39,10 @@ QStringList idsOf(const QList<PromptStyle>& styles)
     return ids;
 }
 
-TEST(PromptCatalogue, BothFamiliesShipTheSameSeventeenIdsInOneOrder)
+TEST(PromptCatalogue, BothFamiliesShipTheSameSeventeenIdsAndNoCurrentPromptLooksOutdated)
 {
-    QStringList replyIds;
-    for (const auto& style : AIReplyStyleLibrary::builtInStyles()) {
-        replyIds.append(style.id);
-    }
-    EXPECT_EQ(idsOf(builtInStyles()), replyIds);
-    EXPECT_EQ(replyIds.size(), 17);
-}
-
-TEST(PromptCatalogue, CurrentPromptsAreNotMistakenForOutdatedOnes)
-{
+    EXPECT_EQ(idsOf(builtInStyles()), idsOf(AIReplyStyleLibrary::builtInStyles()));
+    EXPECT_EQ(builtInStyles().size(), 17);
     // If a shipped prompt matched an old-prompt rule, every user edit of that style would be thrown away.
     EXPECT_EQ(mergeSavedStyles(builtInStyles()), builtInStyles());
     EXPECT_EQ(mergeSavedStyles({}), builtInStyles());

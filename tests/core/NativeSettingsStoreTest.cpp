@@ -71,17 +71,10 @@ MivoraSettings changedSettings()
     return s;
 }
 
-TEST_F(NativeSettingsStoreTest, EmptyStoreGivesTheDefaultRecord)
+TEST_F(NativeSettingsStoreTest, EmptyStoreGivesTheDefaultRecordAndASavedRecordComesBack)
 {
-    const MivoraSettings loaded = m_store.load();
-    EXPECT_EQ(loaded, MivoraSettings{});
-    EXPECT_EQ(loaded.promptStyles.size(), 17);
-    EXPECT_EQ(loaded.quickMenuOrder.size(), 20);
+    EXPECT_EQ(m_store.load(), MivoraSettings{});
     EXPECT_EQ(m_defaults.writeCount(), 0);
-}
-
-TEST_F(NativeSettingsStoreTest, SaveThenLoadGivesTheSameRecord)
-{
     const MivoraSettings saved = changedSettings();
     m_store.save(saved);
     EXPECT_EQ(m_store.load(), saved);
@@ -113,25 +106,29 @@ TEST_F(NativeSettingsStoreTest, RetiredSwitchesAreAlwaysOff)
     EXPECT_FALSE(loaded.floatingButtonVisible);
 }
 
-TEST_F(NativeSettingsStoreTest, ClipboardLimitIsClampedOnlyWhenStored)
+TEST_F(NativeSettingsStoreTest, ClipboardLimitIsClampedAndStoredBooleansWin)
 {
     EXPECT_EQ(loadWith("mivora.clipboardLimit", 0).clipboardLimit, 1);
     EXPECT_EQ(loadWith("mivora.clipboardLimit", 5000).clipboardLimit, 1000);
     EXPECT_EQ(loadWith("mivora.clipboardLimit", "250").clipboardLimit, 250);
     EXPECT_EQ(loadWith("mivora.clipboardLimit", "lots").clipboardLimit, 1);
+    // Stored booleans win over the fallbacks, whatever their spelling.
+    EXPECT_FALSE(loadWith("mivora.menuBarIconVisible", false).menuBarIconVisible);
+    EXPECT_FALSE(loadWith("mivora.closeToMenuBar", 0).closeToMenuBar);
+    EXPECT_TRUE(loadWith("mivora.aiContextEnabled", "YES").aiContextEnabled);
+    EXPECT_FALSE(loadWith("mivora.layoutAutoSwitch", "no").layoutAutoSwitch);
+    EXPECT_FALSE(loadWith("mivora.windowTiling.enabled", QString()).windowTilingEnabled);
 }
 
 TEST_F(NativeSettingsStoreTest, EnumerationsFallBackByTheirOwnRules)
 {
-    const MivoraSettings unknown = [&] {
-        m_defaults.setValue("mivora.theme", "liquid-gold");
-        m_defaults.setValue("mivora.menuScale", "huge");
-        m_defaults.setValue("mivora.surfaceMode", "SOLID");
-        m_defaults.setValue("mivora.uiLanguage", "de");
-        m_defaults.setValue("mivora.quickMenu.openMode", "hover");
-        m_defaults.setValue("mivora.quickMenu.size", "medium");
-        return m_store.load();
-    }();
+    m_defaults.setValue("mivora.theme", "liquid-gold");
+    m_defaults.setValue("mivora.menuScale", "huge");
+    m_defaults.setValue("mivora.surfaceMode", "SOLID");
+    m_defaults.setValue("mivora.uiLanguage", "de");
+    m_defaults.setValue("mivora.quickMenu.openMode", "hover");
+    m_defaults.setValue("mivora.quickMenu.size", "medium");
+    const MivoraSettings unknown = m_store.load();
     EXPECT_EQ(unknown.appearanceMode, AppearanceMode::system);
     EXPECT_EQ(unknown.menuScale, MenuScale::tiny);
     EXPECT_EQ(unknown.surfaceMode, SurfaceMode::translucent);
@@ -155,15 +152,6 @@ TEST_F(NativeSettingsStoreTest, StringsFallBackWhenEmptyOrOutOfRange)
     EXPECT_EQ(loadWith("mivora.layoutHotkey", QByteArray("Alt+Z")).layoutHotkey, u"Alt+A");
 }
 
-TEST_F(NativeSettingsStoreTest, StoredBooleansWinOverFallbacks)
-{
-    EXPECT_FALSE(loadWith("mivora.menuBarIconVisible", false).menuBarIconVisible);
-    EXPECT_FALSE(loadWith("mivora.closeToMenuBar", 0).closeToMenuBar);
-    EXPECT_TRUE(loadWith("mivora.aiContextEnabled", "YES").aiContextEnabled);
-    EXPECT_FALSE(loadWith("mivora.layoutAutoSwitch", "no").layoutAutoSwitch);
-    EXPECT_FALSE(loadWith("mivora.windowTiling.enabled", QString()).windowTilingEnabled);
-}
-
 TEST_F(NativeSettingsStoreTest, QuickMenuListsAreNormalisedAndGainTheEmojiStyle)
 {
     const QByteArray oldList = json(QJsonArray{"fix", "layout"});
@@ -173,14 +161,6 @@ TEST_F(NativeSettingsStoreTest, QuickMenuListsAreNormalisedAndGainTheEmojiStyle)
     const QByteArray withPolite = json(QJsonArray{"ai", "friendly", "style:polite", "bogus", "ai"});
     EXPECT_EQ(loadWith("mivora.quickMenu.order", withPolite).quickMenuOrder,
               (QStringList{"ai", "style:friendly", "style:emoji", "style:polite", "bogus", "ai"}));
-}
-
-TEST_F(NativeSettingsStoreTest, EmptyOrBrokenQuickMenuListGivesTheDefaults)
-{
-    EXPECT_EQ(loadWith("mivora.quickMenu.order", QByteArray("[]")).quickMenuOrder,
-              QuickAction::defaultActionIds());
-    EXPECT_EQ(loadWith("mivora.quickMenu.actions", QByteArray("[\"ai\", 3]")).quickMenuActions,
-              QuickAction::defaultActionIds());
 }
 
 TEST_F(NativeSettingsStoreTest, TilingHotkeysMergeOverDefaultsAndMigrateHalves)
@@ -196,12 +176,10 @@ TEST_F(NativeSettingsStoreTest, TilingHotkeysMergeOverDefaultsAndMigrateHalves)
     EXPECT_EQ(hotkeys.value("full"), u"Not assigned");
     EXPECT_EQ(hotkeys.value("experimental"), u"Alt+X");
     EXPECT_EQ(hotkeys.size(), 15);
-}
 
-TEST_F(NativeSettingsStoreTest, TilingHotkeysAreReadFromDataOnly)
-{
-    const QByteArray stored = json(QJsonObject{{"full", "Alt+F"}});
-    EXPECT_EQ(loadWith("mivora.windowTiling.hotkeys", QString::fromUtf8(stored)).windowTilingHotkeys,
+    // Only data is read: the same JSON stored as text, or a value that is no string, gives the defaults.
+    const QByteArray asText = json(QJsonObject{{"full", "Alt+F"}});
+    EXPECT_EQ(loadWith("mivora.windowTiling.hotkeys", QString::fromUtf8(asText)).windowTilingHotkeys,
               WindowTilingHotkeys::defaults());
     EXPECT_EQ(loadWith("mivora.windowTiling.hotkeys", QByteArray("{\"full\": 1}")).windowTilingHotkeys,
               WindowTilingHotkeys::defaults());
@@ -218,8 +196,14 @@ TEST_F(NativeSettingsStoreTest, StylesAreMergedWithTheCatalogueOnLoad)
     EXPECT_EQ(styles[17].id, u"custom-1");
 }
 
-TEST_F(NativeSettingsStoreTest, OneBrokenStyleLosesTheWholeList)
+TEST_F(NativeSettingsStoreTest, EmptyListsAndOneBrokenEntryGiveTheFallbackList)
 {
+    EXPECT_EQ(loadWith("mivora.quickMenu.order", QByteArray("[]")).quickMenuOrder,
+              QuickAction::defaultActionIds());
+    EXPECT_EQ(loadWith("mivora.quickMenu.actions", QByteArray("[\"ai\", 3]")).quickMenuActions,
+              QuickAction::defaultActionIds());
+    EXPECT_TRUE(
+        loadWith("mivora.appLayoutSwitching.rules", QByteArray("[{\"id\": 1}]")).appLayoutRules.isEmpty());
     QJsonObject noAutoReplace = MivoraPromptLibrary::builtInStyles()[0].toJson();
     noAutoReplace.remove("autoReplace");
     const QJsonObject custom = PromptStyle{"custom-1", "Mine", QString(), QString(), true}.toJson();
@@ -227,12 +211,6 @@ TEST_F(NativeSettingsStoreTest, OneBrokenStyleLosesTheWholeList)
               MivoraPromptLibrary::builtInStyles());
     EXPECT_EQ(loadWith("mivora.aiReplyStyles", QByteArray("not json")).aiReplyStyles,
               AIReplyStyleLibrary::builtInStyles());
-}
-
-TEST_F(NativeSettingsStoreTest, BrokenLayoutRulesGiveAnEmptyList)
-{
-    EXPECT_TRUE(
-        loadWith("mivora.appLayoutSwitching.rules", QByteArray("[{\"id\": 1}]")).appLayoutRules.isEmpty());
 }
 
 TEST(NativeSettingsStoreOnDisk, TextBackedStoreRoundTripsTheRecord)

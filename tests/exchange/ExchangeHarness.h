@@ -68,11 +68,13 @@ protected:
     }
 
     // Runs the task to its end on virtual time; a task without a value reports true.
-    template <typename T, typename R> void settle(QCoro::Task<R> task, Outcome<T>& outcome)
+    template <typename R> auto outcomeOf(QCoro::Task<R> task)
     {
+        Outcome<std::conditional_t<std::is_void_v<R>, bool, R>> outcome;
         collect(std::move(task), &outcome, &clock);
         clock.runUntilIdle();
-        ASSERT_TRUE(outcome.finished);
+        EXPECT_TRUE(outcome.finished);
+        return outcome;
     }
 
     TestClock clock;

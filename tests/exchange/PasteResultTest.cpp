@@ -10,9 +10,7 @@ protected:
     Outcome<bool> paste(const QString& text, std::optional<QString> bundle = std::nullopt,
                         PasteboardTiming timing = PasteboardTiming::standardTiming())
     {
-        Outcome<bool> outcome;
-        settle(service.pasteTransient(text, bundle, timing), outcome);
-        return outcome;
+        return outcomeOf(service.pasteTransient(text, bundle, timing));
     }
 };
 
@@ -85,9 +83,7 @@ TEST_F(PasteTransientTest, AccessibilityReplacementSkipsBrowserContentAndEmptyTe
     tree.set(application, QStringLiteral("AXFocusedUIElement"), field);
 
     const auto replace = [this](const QString& text) {
-        Outcome<bool> outcome;
-        settle(service.replaceSelectedTextViaAccessibility(text), outcome);
-        return outcome.value;
+        return outcomeOf(service.replaceSelectedTextViaAccessibility(text)).value;
     };
     EXPECT_EQ(replace(QString()), false);
     EXPECT_TRUE(tree.setCalls().isEmpty());
@@ -108,12 +104,7 @@ protected:
         tree.setSearchResults(webArea, {editor});
     }
 
-    Outcome<bool> paste(const QString& text)
-    {
-        Outcome<bool> outcome;
-        settle(service.pasteAIReply(text, target), outcome);
-        return outcome;
-    }
+    Outcome<bool> paste(const QString& text) { return outcomeOf(service.pasteAIReply(text, target)); }
 
     // The editor takes the paste the way a chat box does.
     void editorTakesPaste(bool changesValue)

@@ -136,7 +136,6 @@ bool FakeAccessibilityTree::performAction(const AccessibilityElement& element, c
 QList<AccessibilityElement> FakeAccessibilityTree::searchTextFields(const AccessibilityElement& element,
                                                                     int limit)
 {
-    ++m_searchCalls;
     for (const auto& [area, results] : m_searchResults) {
         if (area == element) {
             return results.mid(0, limit);

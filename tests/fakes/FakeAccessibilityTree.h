@@ -44,7 +44,6 @@ public:
     void setSearchResults(const AccessibilityElement& element, QList<AccessibilityElement> results);
 
     int childrenReads() const { return m_childrenReads; }
-    int searchCalls() const { return m_searchCalls; }
     QStringList performedActions() const { return m_performed; }
     QList<std::pair<QString, AccessibilityValue>> setCalls() const { return m_setCalls; }
 
@@ -72,5 +71,4 @@ private:
     QList<std::pair<QString, AccessibilityValue>> m_setCalls;
     QStringList m_performed;
     int m_childrenReads = 0;
-    int m_searchCalls = 0;
 };

@@ -3,7 +3,6 @@
 #include "platform/GlobalHotkeyRegistrar.h"
 
 #include <QList>
-#include <optional>
 
 // Remembers what was claimed, refuses the chords a test names, and presses chords on request.
 class FakeHotkeyRegistrar : public GlobalHotkeyRegistrar {

@@ -6,7 +6,6 @@
 #include <QList>
 #include <QString>
 #include <optional>
-#include <utility>
 
 // Scripted input sources. Each source owns a key map from (virtual key code, shift) to the text that key
 // types; the provider counts translations and selections and can refuse a number of selections.

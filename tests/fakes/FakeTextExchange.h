@@ -35,13 +35,8 @@ public:
     QList<ReadCall> reads;
     QList<PasteCall> pastes;
     QStringList replacements;
-    int accessibleReads = 0;
 
-    QString selectedTextForLayout() override
-    {
-        ++accessibleReads;
-        return accessibleSelection;
-    }
+    QString selectedTextForLayout() override { return accessibleSelection; }
 
     QCoro::Task<QString> readSelectedTextTransient(bool selectAllBeforeCopy, bool includeFocusedTextFallback,
                                                    PasteboardTiming timing) override

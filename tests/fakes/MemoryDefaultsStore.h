@@ -25,7 +25,6 @@ public:
         }
     }
 
-    QStringList keys() const { return m_values.keys(); }
     int writeCount() const { return m_writes; }
 
 private:

@@ -52,14 +52,10 @@ bool TestClock::runNext(Duration limit)
 
 void TestClock::advance(Duration by)
 {
-    advanceTo(m_now + by);
-}
-
-void TestClock::advanceTo(Duration when)
-{
-    while (runNext(when)) {
+    const Duration until = m_now + by;
+    while (runNext(until)) {
     }
-    m_now = std::max(m_now, when);
+    m_now = std::max(m_now, until);
 }
 
 void TestClock::runUntilIdle(Duration limit)

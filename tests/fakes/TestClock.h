@@ -16,7 +16,6 @@ public:
     ClockTimer scheduleRepeating(Duration interval, std::function<void()> fn) override;
 
     void advance(Duration by);
-    void advanceTo(Duration when);
     // Runs due calls until nothing is left, advancing time as needed; bounded so a repeating timer cannot
     // spin forever.
     void runUntilIdle(Duration limit = std::chrono::hours(24));

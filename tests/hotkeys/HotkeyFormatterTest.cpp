@@ -22,22 +22,18 @@ const HotkeyModifiers alt(HotkeyModifier::Option);
 
 } // namespace
 
-TEST(HotkeyFormatterTest, DisplaysModifierSymbolsWhateverTheSpelling)
+TEST(HotkeyFormatterTest, DisplaysModifierAndKeySymbolsWhateverTheSpelling)
 {
     EXPECT_EQ(display("Control+Alt+Shift+Left"), "⌃ ⌥ ⇧ ←");
     EXPECT_EQ(display("Alt+1"), "⌥ 1");
     EXPECT_EQ(display("Cmd+Option+Ctrl+⇧+Return"), "⌘ ⌥ ⌃ ⇧ ↩");
     EXPECT_EQ(display("⌘+⌃+⌥+Right"), "⌘ ⌃ ⌥ →");
     EXPECT_EQ(display("Command+Up+Down"), "⌘ ↑ ↓");
-}
-
-TEST(HotkeyFormatterTest, DisplaysKeyNamesAsTheirSymbols)
-{
     EXPECT_EQ(display("Period+Backslash+BracketLeft+Backquote"), ". \\ [ `");
     EXPECT_EQ(display("Alt+SPACE"), "⌥ Space");
 }
 
-TEST(HotkeyFormatterTest, ShowsWhatItDoesNotKnowAsItStands)
+TEST(HotkeyFormatterTest, ShowsWhatItDoesNotKnowAsItStandsAndUnsetOnesAsNotAssigned)
 {
     // Only "Option" is rewritten for display, and only exact names have symbols.
     EXPECT_EQ(display("option+RETURN"), "option RETURN");
@@ -47,26 +43,18 @@ TEST(HotkeyFormatterTest, ShowsWhatItDoesNotKnowAsItStands)
     EXPECT_EQ(display("Alt++"), "⌥");
     EXPECT_EQ(display("+"), QString());
     EXPECT_EQ(display("Hyper+Ж"), "Hyper Ж");
-}
-
-TEST(HotkeyFormatterTest, DisplaysUnsetHotkeysAsNotAssigned)
-{
     EXPECT_EQ(display(""), "Not assigned");
     EXPECT_EQ(display("not ASSIGNED"), "Not assigned");
     EXPECT_EQ(display(" Not assigned"), " Not assigned");
 }
 
-TEST(HotkeyFormatterTest, CaptureWritesModifiersInCanonicalOrder)
+TEST(HotkeyFormatterTest, CaptureNeedsAModifierAndWritesThemInCanonicalOrder)
 {
     const HotkeyModifiers all =
         HotkeyModifier::Shift | HotkeyModifier::Option | HotkeyModifier::Control | HotkeyModifier::Command;
     EXPECT_EQ(capture(0, all), "Command+Control+Alt+Shift+A");
     EXPECT_EQ(capture(123, HotkeyModifier::Shift | HotkeyModifier::Control), "Control+Shift+Left");
     EXPECT_EQ(capture(36, alt), "Alt+Return");
-}
-
-TEST(HotkeyFormatterTest, CaptureNeedsAModifier)
-{
     EXPECT_FALSE(capture(0, {}, "a"));
     EXPECT_FALSE(capture(122, {}));
     // Bits outside the four modifiers (Caps Lock, Fn) do not count as one.

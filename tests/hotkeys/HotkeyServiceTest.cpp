@@ -184,7 +184,7 @@ TEST_F(HotkeyServiceTest, SettingsChangesReregisterAndAFailedReloadKeepsWhatCame
     EXPECT_EQ(panels.calls.size(), panelCalls);
 }
 
-TEST_F(HotkeyServiceTest, PressesRunActionsOnTheRememberedTarget)
+TEST_F(HotkeyServiceTest, PressesRunActionsOnTheRememberedTargetAndReachPanelsAndWindows)
 {
     service.start(state);
     exchange.accessibleSelection = "ghbdtn";
@@ -206,11 +206,7 @@ TEST_F(HotkeyServiceTest, PressesRunActionsOnTheRememberedTarget)
     press(*idOf(Kind::translationPreview));
     press(*idOf(Kind::assistant));
     EXPECT_EQ(panels.calls, (QStringList{"quick", "clipboard", "preview", "assistant:"}));
-}
 
-TEST_F(HotkeyServiceTest, TilingPressesReachTheirTargets)
-{
-    service.start(state);
     press(*idOf(Kind::windowTiling, "builtInDisplay"));
     press(*idOf(Kind::windowTiling, "swapUp"));
     press(*idOf(Kind::windowTiling, "tileAll"));

@@ -65,7 +65,7 @@ TEST(QtKeyEventTranslatorTest, ShiftedSymbolsMapToTheKeyThatTypesThem)
     }
 }
 
-TEST(QtKeyEventTranslatorTest, RecorderKeysKeepTheirCodes)
+TEST(QtKeyEventTranslatorTest, RecorderKeysKeepTheirCodesAndCharactersComeFromTheKey)
 {
     const QtKeyEventTranslator translator(Source::Generic);
     EXPECT_EQ(translator.translate(Qt::Key_Escape, {}, 0, {}).keyCode, MacKeyCode::escape);
@@ -73,11 +73,7 @@ TEST(QtKeyEventTranslatorTest, RecorderKeysKeepTheirCodes)
     EXPECT_EQ(translator.translate(Qt::Key_Delete, {}, 0, {}).keyCode, MacKeyCode::deleteForward);
     EXPECT_EQ(translator.translate(Qt::Key_Backtab, Qt::ShiftModifier, 0, {}).keyCode, MacKeyCode::tab);
     EXPECT_EQ(translator.translate(Qt::Key_unknown, {}, 0, {}).keyCode, MacKeyCode::none);
-}
-
-TEST(QtKeyEventTranslatorTest, CharactersComeFromTheKeyNotTheControlText)
-{
-    const QtKeyEventTranslator translator(Source::Generic);
+    // Not from the control character that Control makes of the text.
     EXPECT_EQ(translator.translate(Qt::Key_A, Qt::ControlModifier, 0, "\x01").charactersIgnoringModifiers,
               "a");
     EXPECT_EQ(translator.translate(Qt::Key_unknown, Qt::AltModifier, 0, "x").charactersIgnoringModifiers,

@@ -4,19 +4,10 @@
 #include <QRegularExpression>
 #include <QTcpServer>
 
-namespace {
-
-QByteArray resultJson(const QString& result)
-{
-    return QJsonDocument(QJsonObject{{"result", result}}).toJson(QJsonDocument::Compact);
-}
-
-} // namespace
-
 TEST_F(BackendClientFixture, PostsTheOrderedBodyWithItsHeaders)
 {
     BackendClient client = makeClient();
-    server.enqueue(ScriptedHttpServer::Reply::json(200, resultJson("Hi!")));
+    answer("Hi!");
 
     const QString result = AwaitTask::run(
         client.send("  Say \"hi\"/ \n", BackendAction::improve, styleWithId("friendly"), "English", true));
@@ -59,7 +50,7 @@ TEST_F(BackendClientFixture, DeviceIdIsMadeOnceAndAnEmptyStoredValueIsReplaced)
 TEST_F(BackendClientFixture, CleansDashesAndBlanksOfTheAnswer)
 {
     BackendClient client = makeClient();
-    server.enqueue(ScriptedHttpServer::Reply::json(200, resultJson("\n  Да — нет – может  \n")));
+    answer("\n  Да — нет – может  \n");
     EXPECT_EQ(AwaitTask::run(
                   client.send("x", BackendAction::translate, styleWithId("translate"), "Russian", false)),
               "Да - нет - может");
@@ -75,8 +66,8 @@ TEST_F(BackendClientFixture, LongTextsGoInChunksOneAfterAnother)
     AwaitTask::run(client.send(combining, BackendAction::fix, style, {}, false));
     EXPECT_EQ(server.requests().size(), 1);
 
-    server.enqueue(ScriptedHttpServer::Reply::json(200, resultJson("first")));
-    server.enqueue(ScriptedHttpServer::Reply::json(200, resultJson("second")));
+    answer("first");
+    answer("second");
     const QString sentences =
         QString(QLatin1Char('a')).repeated(2400) + ". " + QString(QLatin1Char('b')).repeated(99);
     const QString joined = AwaitTask::run(client.send(sentences, BackendAction::fix, style, {}, false));
@@ -90,9 +81,9 @@ TEST_F(BackendClientFixture, LongTextsGoInChunksOneAfterAnother)
 TEST_F(BackendClientFixture, AFailedChunkEndsTheWholeCall)
 {
     BackendClient client = makeClient();
-    server.enqueue(ScriptedHttpServer::Reply::json(200, resultJson("first")));
+    answer("first");
     server.enqueue(ScriptedHttpServer::Reply::json(502, R"({"error":"Upstream busy"})"));
-    server.enqueue(ScriptedHttpServer::Reply::json(200, resultJson("third")));
+    answer("third");
     const QString threeChunks = QStringList(3, QString(QLatin1Char('w')).repeated(2000)).join("\n");
 
     EXPECT_EQ(failureText(client.send(threeChunks, BackendAction::fix, styleWithId("original"), {}, false)),
@@ -107,8 +98,8 @@ TEST_F(BackendClientFixture, AnUnchangedTranslationIsAskedForExactlyOnceMore)
 
     // Differs only in case, blanks and quotes: unchanged, so asked again; the second answer is final even
     // though it is unchanged too.
-    server.enqueue(ScriptedHttpServer::Reply::json(200, resultJson("«HELLO   “world”")));
-    server.enqueue(ScriptedHttpServer::Reply::json(200, resultJson("Hello world")));
+    answer("«HELLO   “world”");
+    answer("Hello world");
     EXPECT_EQ(AwaitTask::run(client.send("Hello world", BackendAction::translate, translate, "German", true)),
               "Hello world");
     ASSERT_EQ(server.requests().size(), 2);
@@ -116,12 +107,12 @@ TEST_F(BackendClientFixture, AnUnchangedTranslationIsAskedForExactlyOnceMore)
     EXPECT_EQ(body(1).value("targetLanguage").toString(), "German");
 
     // The closing guillemet is not a quote to this comparison: the answer counts as a translation.
-    server.enqueue(ScriptedHttpServer::Reply::json(200, resultJson("Hello world»")));
+    answer("Hello world»");
     AwaitTask::run(client.send("Hello world", BackendAction::translate, translate, "German", true));
     EXPECT_EQ(server.requests().size(), 3);
 
     // Without the flag, and for other actions, an echo is accepted at once.
-    server.enqueue(ScriptedHttpServer::Reply::json(200, resultJson("Hello world")));
+    answer("Hello world");
     AwaitTask::run(client.send("Hello world", BackendAction::translate, translate, "German", false));
     AwaitTask::run(client.send("Hello world", BackendAction::fix, translate, {}, true));
     EXPECT_EQ(server.requests().size(), 5);
@@ -183,7 +174,7 @@ TEST_F(BackendClientFixture, NetworkFailuresEndWithinTheirLimits)
     BackendClient refused = makeClient(refusedUrl);
     EXPECT_EQ(failureText(refused.send("text", BackendAction::fix, style, {}, false)), "Connection refused");
 
-    ScriptedHttpServer::Reply slow = ScriptedHttpServer::Reply::json(200, resultJson("late"));
+    ScriptedHttpServer::Reply slow = ScriptedHttpServer::Reply::json(200, R"({"result":"late"})");
     slow.delay = std::chrono::seconds(3);
     server.enqueue(slow);
     BackendClient idle = makeClient({std::chrono::milliseconds(200), std::chrono::seconds(10), 1 << 20});
@@ -192,8 +183,7 @@ TEST_F(BackendClientFixture, NetworkFailuresEndWithinTheirLimits)
     EXPECT_EQ(failureText(overall.send("text", BackendAction::fix, style, {}, false)),
               "The request timed out.");
 
-    server.enqueue(
-        ScriptedHttpServer::Reply::json(200, resultJson(QString(QLatin1Char('x')).repeated(100000))));
+    answer(QString(QLatin1Char('x')).repeated(100000));
     BackendClient small = makeClient({std::chrono::seconds(10), std::chrono::seconds(10), 4096});
     EXPECT_EQ(failureText(small.send("text", BackendAction::fix, style, {}, false)),
               "The server's answer is too large.");
@@ -210,10 +200,9 @@ TEST_F(BackendClientFixture, RepliesAreAskedAgainForcefullyWhenTheyEchoTheMessag
         "Command+Alt+1"};
     const QString message = QStringLiteral("Привет! Как прошла встреча с клиентом?");
 
-    server.enqueue(
-        ScriptedHttpServer::Reply::json(200, resultJson(QStringLiteral("привет как прошла встреча с "
-                                                                       "клиентом"))));
-    server.enqueue(ScriptedHttpServer::Reply::json(200, resultJson("Отлично, договорились!")));
+    answer(QStringLiteral("привет как прошла встреча с "
+                          "клиентом"));
+    answer("Отлично, договорились!");
     EXPECT_EQ(AwaitTask::run(client.sendReply(message, original, "English")), "Отлично, договорились!");
 
     ASSERT_EQ(server.requests().size(), 2);
@@ -238,7 +227,7 @@ TEST_F(BackendClientFixture, ATranslatingReplyUsesTheTargetLanguageAndGivesUpAft
     recognizer.language = QStringLiteral("ru");
     BackendClient client = makeClient();
     const AIReplyStyle translate{"translate", "Перевод", "Answer in the target language, please.", QString()};
-    server.enqueue(ScriptedHttpServer::Reply::json(200, resultJson("Reply instruction: none")));
+    answer("Reply instruction: none");
 
     EXPECT_EQ(failureText(client.sendReply("Wie geht's?", translate, "German")),
               "AI Reply returned the original message instead of a reply.");

@@ -29,6 +29,13 @@ protected:
                              recognizer, limits);
     }
 
+    // The next answer is a success with this result.
+    void answer(const QString& result)
+    {
+        server.enqueue(ScriptedHttpServer::Reply::json(
+            200, QJsonDocument(QJsonObject{{"result", result}}).toJson(QJsonDocument::Compact)));
+    }
+
     QJsonObject body(qsizetype index) const
     {
         return QJsonDocument::fromJson(server.requests().at(index).body).object();

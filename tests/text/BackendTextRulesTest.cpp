@@ -35,27 +35,17 @@ TEST(SplitTextForBackend, KeepsShortTextsWholeAndCutsLongOnesAtTheBestBreak)
     ASSERT_EQ(pieces.size(), 2);
     EXPECT_EQ(pieces[0], repeated('a', 1000));
     EXPECT_TRUE(pieces[1].startsWith(repeated('b', 1000) + "\n" + repeated('c', 400)));
+
+    // A remainder that starts with a sentence break is cut hard.
+    EXPECT_EQ(splitTextForBackend(repeated('a', 2500) + ". " + repeated('b', 2600), 2500),
+              (QStringList{repeated('a', 2500), ". " + repeated('b', 2498), repeated('b', 102)}));
 }
 
 TEST(SplitTextForBackend, CountsUserPerceivedCharacters)
 {
     // A family emoji is seven code points and eleven UTF-16 units, but one character.
     const QString family = QStringLiteral("👨‍👩‍👧‍👦");
-    const QString text = family.repeated(2501);
-    const QStringList pieces = splitTextForBackend(text, 2500);
-    ASSERT_EQ(pieces.size(), 2);
-    EXPECT_EQ(pieces[0], family.repeated(2500));
-    EXPECT_EQ(pieces[1], family);
-}
-
-TEST(SplitTextForBackend, ARemainderStartingWithASentenceBreakIsCutHard)
-{
-    const QString text = repeated('a', 2500) + ". " + repeated('b', 2600);
-    const QStringList pieces = splitTextForBackend(text, 2500);
-    ASSERT_EQ(pieces.size(), 3);
-    EXPECT_EQ(pieces[0], repeated('a', 2500));
-    EXPECT_EQ(pieces[1], ". " + repeated('b', 2498));
-    EXPECT_EQ(pieces[2], repeated('b', 102));
+    EXPECT_EQ(splitTextForBackend(family.repeated(2501), 2500), (QStringList{family.repeated(2500), family}));
 }
 
 TEST(NormalizeTranslationCompare, IgnoresCaseBlanksAndMostQuotes)
@@ -79,7 +69,7 @@ TEST(ReplyUserInstruction, IsEmptyOnlyForUntouchedBuiltIns)
     EXPECT_EQ(replyUserInstruction({"custom-reply-1", {}, " Be brief. ", {}}), "Be brief.");
 }
 
-TEST(LooksLikeBadReply, CatchesEchoesAndInstructionLeaks)
+TEST(LooksLikeBadReply, CatchesEchoesInstructionLeaksAndWordSetsAboveTheThreshold)
 {
     EXPECT_TRUE(looksLikeBadReply(" ...!", "Hi"));
     EXPECT_TRUE(looksLikeBadReply("Here is the COPIED chat message", "Hi"));
@@ -93,19 +83,13 @@ TEST(LooksLikeBadReply, CatchesEchoesAndInstructionLeaks)
     // A 17-character source never reaches the word-overlap test.
     EXPECT_FALSE(looksLikeBadReply("see you at the mall", "see you the mall!"));
     EXPECT_FALSE(looksLikeBadReply("Sounds great, see you there!", "Meet at 5?"));
-}
 
-TEST(LooksLikeBadReply, AMessageWithoutWordsOnlyMeetsTheRulesOnTheReply)
-{
     // The empty plain form of "👍" is in every reply; the rules that compare with the message stay out.
     EXPECT_FALSE(looksLikeBadReply("Glad you like it!", "👍"));
     EXPECT_FALSE(looksLikeBadReply("Что случилось?", "?!…"));
     EXPECT_TRUE(looksLikeBadReply("🙂", "👍"));
     EXPECT_TRUE(looksLikeBadReply("Here is the reply instruction", "👍"));
-}
 
-TEST(LooksLikeBadReply, ComparesWordSetsAboveTheThreshold)
-{
     // Ten shared words of eleven in the larger set: 0.909 > 0.82.
     const QString source = QStringLiteral("one two three four five six seven eight nine ten");
     EXPECT_TRUE(looksLikeBadReply("ten nine eight seven six five four three two one eleven", source));

@@ -19,7 +19,7 @@ TEST_F(BackendClientFixture, RoutesStyleActionsToTheBackendAndRefusesTheRest)
               "Native Swift action is not ported yet: Style style:nowhere");
     EXPECT_TRUE(server.requests().isEmpty());
 
-    server.enqueue(ScriptedHttpServer::Reply::json(200, R"({"result":"Hallo!"})"));
+    answer("Hallo!");
     EXPECT_EQ(AwaitTask::run(run("style:friendly")), "Hallo!");
     EXPECT_EQ(AwaitTask::run(run("translate")), "Hallo!");
 

@@ -27,7 +27,9 @@ protected:
 
     std::unique_ptr<AppUpdateManager> makeManager(Updater* updater = nullptr)
     {
-        return std::make_unique<AppUpdateManager>(makeClient(), defaults, clock, opener, updater, &alerts);
+        auto manager = std::make_unique<AppUpdateManager>(makeClient(), defaults, clock, opener, updater);
+        manager->setAlertPresenter(&alerts);
+        return manager;
     }
     void settle(const AppUpdateManager& manager)
     {

@@ -1,27 +1,19 @@
 #include "EventLoopWait.h"
 
-#include <QEventLoop>
+#include "AwaitTask.h"
+
 #include <QProcess>
-#include <QTimer>
 
 using namespace std::chrono_literals;
 
 bool spinUntil(const std::function<bool()>& done, std::chrono::milliseconds guard)
 {
-    if (done()) {
-        return true;
-    }
-    QEventLoop loop;
-    QTimer check;
-    QObject::connect(&check, &QTimer::timeout, &loop, [&] {
-        if (done()) {
-            loop.quit();
-        }
-    });
-    QTimer::singleShot(guard, &loop, &QEventLoop::quit);
-    check.start(5);
-    loop.exec();
-    return done();
+    return AwaitTask::until(done, guard);
+}
+
+void pauseFor(std::chrono::milliseconds duration)
+{
+    spinUntil([] { return false; }, duration);
 }
 
 std::optional<QByteArray> runTool(const QString& program, const QStringList& arguments,
@@ -49,4 +41,15 @@ std::optional<QByteArray> runTool(const QString& program, const QStringList& arg
         return std::nullopt;
     }
     return output;
+}
+
+bool waitForWindowManager()
+{
+    return spinUntil([] { return runTool(QStringLiteral("wmctrl"), {QStringLiteral("-m")}).has_value(); });
+}
+
+std::optional<QByteArray> clipboardBytes(const QString& type)
+{
+    return runTool(QStringLiteral("xclip"), {QStringLiteral("-selection"), QStringLiteral("clipboard"),
+                                             QStringLiteral("-o"), QStringLiteral("-t"), type});
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "QStringPrinting.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -10,8 +12,15 @@
 // Runs the event loop until done() holds or the guard runs out, so this process keeps serving whatever
 // clipboard it owns while it waits; returns done().
 bool spinUntil(const std::function<bool()>& done, std::chrono::milliseconds guard = std::chrono::seconds(5));
+// Lets the event loop run for a while, as a person pauses between keys.
+void pauseFor(std::chrono::milliseconds duration);
 
 // Runs a command-line tool to its end without blocking the event loop; its standard output, or nullopt
 // when it failed to start, did not finish within the guard or exited with an error.
 std::optional<QByteArray> runTool(const QString& program, const QStringList& arguments,
                                   const QByteArray& input = {});
+
+// Waits until an EWMH window manager answers: windows mapped before it runs are never activated.
+bool waitForWindowManager();
+// The CLIPBOARD selection in this type as an independent client reads it; this process keeps serving it.
+std::optional<QByteArray> clipboardBytes(const QString& type = QStringLiteral("UTF8_STRING"));

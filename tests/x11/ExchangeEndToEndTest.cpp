@@ -29,9 +29,7 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(display && pasteboard.isConnected()) << "needs an X server with XFixes and XTest";
-        ASSERT_TRUE(spinUntil([] {
-            return runTool(QStringLiteral("wmctrl"), {QStringLiteral("-m")}).has_value();
-        })) << "needs an EWMH window manager";
+        ASSERT_TRUE(waitForWindowManager()) << "needs an EWMH window manager";
     }
 
     void TearDown() override { pasteboard.clear(); }
@@ -43,13 +41,6 @@ protected:
         ASSERT_TRUE(
             spinUntil([&] { return focus.rememberedProcessIdentifier() == field.processIdentifier(); }));
         ASSERT_TRUE(field.waitForFocus());
-    }
-
-    // The clipboard as an independent client sees it; this process keeps serving it meanwhile.
-    std::optional<QByteArray> clipboard(const QString& type = QStringLiteral("UTF8_STRING"))
-    {
-        return runTool(QStringLiteral("xclip"), {QStringLiteral("-selection"), QStringLiteral("clipboard"),
-                                                 QStringLiteral("-o"), QStringLiteral("-t"), type});
     }
 
     TestFieldProcess field;
@@ -72,11 +63,11 @@ TEST_F(ExchangeEndToEndTest, ReadingTheSelectionCopiesItOutAndPutsEveryClipboard
     EXPECT_EQ(text, QStringLiteral("  selected words  "));
     EXPECT_EQ(field.selection(), QStringLiteral("  selected words  "));
     EXPECT_EQ(capture.log, QStringList({QStringLiteral("suppress 3500"), QStringLiteral("finish")}));
-    const std::optional<QByteArray> targets = clipboard(QStringLiteral("TARGETS"));
+    const std::optional<QByteArray> targets = clipboardBytes(QStringLiteral("TARGETS"));
     ASSERT_TRUE(targets);
     for (const SavedPasteboardValue& value : original.items.first().values) {
         EXPECT_TRUE(targets->contains(value.type.toUtf8())) << value.type.toStdString();
-        EXPECT_EQ(clipboard(value.type), value.data) << value.type.toStdString();
+        EXPECT_EQ(clipboardBytes(value.type), value.data) << value.type.toStdString();
     }
 }
 
@@ -88,7 +79,7 @@ TEST_F(ExchangeEndToEndTest, QuickReadOfAnEmptyFieldFailsWithTheClipboardUntouch
     EXPECT_THROW(
         AwaitTask::run(service.readSelectedTextTransient(true, false, PasteboardTiming::quickTiming())),
         PasteboardServiceError);
-    EXPECT_EQ(clipboard(), QByteArrayLiteral("kept"));
+    EXPECT_EQ(clipboardBytes(), QByteArrayLiteral("kept"));
 }
 
 TEST_F(ExchangeEndToEndTest, PasteLandsInTheRememberedWindowNotTheFirstAndTheClipboardComesBack)
@@ -117,7 +108,7 @@ TEST_F(ExchangeEndToEndTest, PasteLandsInTheRememberedWindowNotTheFirstAndTheCli
     AwaitTask::run(service.pasteTransient(QStringLiteral("pasted result"), std::nullopt,
                                           PasteboardTiming::standardTiming()));
     EXPECT_EQ(field.text(), QStringLiteral("pasted result"));
-    EXPECT_EQ(clipboard(), QByteArrayLiteral("kept"));
+    EXPECT_EQ(clipboardBytes(), QByteArrayLiteral("kept"));
     EXPECT_EQ(capture.log, QStringList({QStringLiteral("suppress 3500"), QStringLiteral("finish")}));
 }
 
@@ -140,7 +131,7 @@ TEST_F(ExchangeEndToEndTest, CopyByAnotherClientWhileThePasteWaitsIsKept)
     EXPECT_FALSE(finished) << "the copy came after the restore, not during the wait";
 
     AwaitTask::run(std::move(paste));
-    EXPECT_EQ(clipboard(), QByteArrayLiteral("copied meanwhile"));
+    EXPECT_EQ(clipboardBytes(), QByteArrayLiteral("copied meanwhile"));
 }
 
 } // namespace

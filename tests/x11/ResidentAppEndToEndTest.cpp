@@ -29,10 +29,7 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(keyboard.isConnected()) << "needs an X server";
-        // Windows mapped before the window manager runs are never activated.
-        ASSERT_TRUE(spinUntil([] {
-            return runTool(QStringLiteral("wmctrl"), {QStringLiteral("-m")}).has_value();
-        })) << "needs an EWMH window manager";
+        ASSERT_TRUE(waitForWindowManager()) << "needs an EWMH window manager";
         // Two groups, so the layout switch after a fix has somewhere to go; this also puts back the first.
         useKeymap(QStringLiteral("us,ru"));
     }
@@ -71,9 +68,9 @@ protected:
                                   const QString& doneText)
     {
         keyboard.press(modifier);
-        pause(50ms);
+        pauseFor(50ms);
         keyboard.press(letter);
-        pause(hold.duration);
+        pauseFor(hold.duration);
         std::optional<bool> modifierStillDown;
         if (field.text() == doneText) {
             modifierStillDown = keyboard.isDown(modifier);
@@ -84,11 +81,6 @@ protected:
             keyboard.release(key);
         }
         return modifierStillDown;
-    }
-
-    static void pause(std::chrono::milliseconds duration)
-    {
-        spinUntil([] { return false; }, duration);
     }
 
     // Once the user has let go, no modifier may stay down: neither one the app pressed for its shortcuts
@@ -126,7 +118,7 @@ protected:
             EXPECT_TRUE(modifiersClear());
         }
         EXPECT_TRUE(app.isRunning());
-        EXPECT_FALSE(app.standardError().contains(QStringLiteral("MivoraAI: ")))
+        EXPECT_FALSE(app.standardError().contains(QStringLiteral("mivora.status: ")))
             << app.standardError().toStdString();
     }
 
@@ -147,18 +139,11 @@ protected:
         ASSERT_EQ(userClipboard.value("UTF8_STRING"), userText);
     }
 
-    static std::optional<QByteArray> clipboardBytes(const QByteArray& type)
-    {
-        return runTool(QStringLiteral("xclip"),
-                       {QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-o"),
-                        QStringLiteral("-t"), QString::fromLatin1(type)});
-    }
-
     // Polls, since the app puts the clipboard back only after its paste has had time to land.
     void expectUserClipboardBack()
     {
-        EXPECT_TRUE(spinUntil([&] { return clipboardBytes("UTF8_STRING") == userText; }, 10s))
-            << "clipboard holds " << clipboardBytes("UTF8_STRING").value_or("nothing").toStdString();
+        EXPECT_TRUE(spinUntil([&] { return clipboardBytes() == userText; }, 10s))
+            << "clipboard holds " << clipboardBytes().value_or("nothing").toStdString();
         for (auto it = userClipboard.cbegin(); it != userClipboard.cend(); ++it) {
             EXPECT_EQ(clipboardBytes(it.key()), it.value()) << it.key().toStdString();
         }
@@ -211,16 +196,13 @@ TEST_F(ResidentAppEndToEndTest, StyleHotkeyHeldForAMomentRewritesTheSelectionThr
 
     EXPECT_TRUE(waitForFieldText(QStringLiteral("Hello friend!")))
         << field.text().value_or(QString()).toStdString() << app.standardError().toStdString();
+    // The wire format is the backend client's business; here the selection must reach the backend named in
+    // the settings, with the token from there, for the style on Alt+2.
     ASSERT_EQ(backend.requests().size(), 1);
-    const ScriptedHttpServer::Request& request = backend.requests().first();
-    EXPECT_EQ(request.method, "POST");
-    EXPECT_EQ(request.path, QStringLiteral("/macos/ai"));
-    EXPECT_EQ(request.headers.value("authorization"), "Bearer e2e-token");
-    const QJsonObject body = QJsonDocument::fromJson(request.body).object();
+    EXPECT_EQ(backend.requests().first().headers.value("authorization"), "Bearer e2e-token");
+    const QJsonObject body = QJsonDocument::fromJson(backend.requests().first().body).object();
     EXPECT_EQ(body.value(QStringLiteral("text")).toString(), QStringLiteral("hey you, send me the file"));
-    EXPECT_EQ(body.value(QStringLiteral("action")).toString(), QStringLiteral("style_rewrite"));
     EXPECT_EQ(body.value(QStringLiteral("writingStyle")).toString(), QStringLiteral("Friendly"));
-    EXPECT_EQ(body.value(QStringLiteral("styleId")).toString(), QStringLiteral("Friendly"));
     expectUserClipboardBack();
     EXPECT_TRUE(modifiersClear());
 
@@ -242,7 +224,7 @@ TEST_F(ResidentAppEndToEndTest, InvalidHotkeyIsReportedAndTheAppKeepsRunningUnti
     app.setSetting(QStringLiteral("mivora.layoutHotkey"), QStringLiteral("Alt+Nope"));
     ASSERT_TRUE(app.start());
 
-    EXPECT_TRUE(app.waitForStandardError(QStringLiteral("MivoraAI: Invalid hotkey: Alt+Nope\n")))
+    EXPECT_TRUE(app.waitForStandardError(QStringLiteral("mivora.status: Invalid hotkey: Alt+Nope\n")))
         << app.standardError().toStdString();
     EXPECT_FALSE(spinUntil([&] { return !app.isRunning(); }, 1s));
     EXPECT_EQ(app.terminate(), 0);

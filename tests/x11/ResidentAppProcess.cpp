@@ -44,6 +44,8 @@ QProcessEnvironment ResidentAppProcess::environment() const
     environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_home.filePath(QStringLiteral("runtime")));
     environment.insert(QStringLiteral("HOME"), m_home.filePath(QStringLiteral("home")));
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    // Failures show on the overlay; the tests read them from the diagnostic log as well.
+    environment.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("mivora.status.info=true"));
     return environment;
 }
 
@@ -84,6 +86,14 @@ QString ResidentAppProcess::standardError()
 bool ResidentAppProcess::isRunning() const
 {
     return m_process.state() == QProcess::Running;
+}
+
+std::optional<int> ResidentAppProcess::exitCode() const
+{
+    if (isRunning() || m_process.exitStatus() != QProcess::NormalExit) {
+        return std::nullopt;
+    }
+    return m_process.exitCode();
 }
 
 std::optional<int> ResidentAppProcess::terminate(std::chrono::milliseconds guard)

@@ -32,6 +32,9 @@ public:
                               std::chrono::milliseconds guard = std::chrono::seconds(10));
     QString standardError();
     bool isRunning() const;
+    qint64 processId() const { return m_process.processId(); }
+    // The exit code once the process ended on its own; nullopt while it runs or when it crashed.
+    std::optional<int> exitCode() const;
     // Asks the app to end with SIGTERM; its exit code, or nullopt when it crashed or did not end in time.
     std::optional<int> terminate(std::chrono::milliseconds guard = std::chrono::seconds(10));
 

@@ -1,8 +1,6 @@
 #include "TestFieldProcess.h"
 
 #include <QCoreApplication>
-#include <QEventLoop>
-#include <QTimer>
 
 using namespace std::chrono_literals;
 

@@ -5,17 +5,7 @@
 #include <QByteArray>
 #include <QProcess>
 #include <QString>
-#include <QStringList>
-#include <chrono>
-#include <functional>
 #include <optional>
-#include <ostream>
-
-// Readable QString values in the test framework's messages.
-inline void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
 
 // One instance of the test text field application, driven over its standard input and output. It is
 // killed when this object goes.

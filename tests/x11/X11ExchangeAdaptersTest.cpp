@@ -23,10 +23,7 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(connection) << "needs an X server";
-        // Windows mapped before the window manager runs are never activated.
-        ASSERT_TRUE(spinUntil([] {
-            return runTool(QStringLiteral("wmctrl"), {QStringLiteral("-m")}).has_value();
-        })) << "needs an EWMH window manager";
+        ASSERT_TRUE(waitForWindowManager()) << "needs an EWMH window manager";
     }
 
     bool waitForFront(qint32 processIdentifier)

@@ -1,12 +1,17 @@
 #include "EventLoopWait.h"
+#include "MemoryDefaultsStore.h"
 #include "TestFieldProcess.h"
 #include "core/EventLoopClock.h"
 #include "panels/PanelPlacement.h"
+#include "panels/SavedPanelSize.h"
+#include "panels/views/FloatingPanel.h"
 #include "panels/views/StatusHUDPanel.h"
 #include "platform/x11/X11CompositorSurfaceSignals.h"
 #include "platform/x11/X11DisplayConnection.h"
 #include "platform/x11/X11EventPump.h"
+#include "platform/x11/X11FloatingWindowTraits.h"
 #include "platform/x11/X11GlobalInputMonitor.h"
+#include "platform/x11/X11WindowProperty.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -15,6 +20,7 @@
 #include <gtest/gtest.h>
 
 // Last: Xlib's macros (None, Bool) break the test framework's headers.
+#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 
 using namespace std::chrono_literals;
@@ -30,6 +36,34 @@ bool clickWindow(const QString& title, int button)
                     QStringLiteral("--window"), QStringLiteral("%1"), QStringLiteral("20"),
                     QStringLiteral("20"), QStringLiteral("click"), QString::number(button)})
         .has_value();
+}
+
+// The atoms of an ATOM-typed property of a window, by name.
+QStringList atomNames(Display* dpy, Window window, const char* property)
+{
+    QStringList names;
+    const auto value =
+        X11WindowProperty::read(dpy, window, XInternAtom(dpy, property, False), XA_ATOM, 0, 64);
+    for (unsigned long i = 0; value && value->format == 32 && i < value->count; ++i) {
+        char* name = XGetAtomName(dpy, reinterpret_cast<const Atom*>(value->data.get())[i]);
+        names.append(QString::fromLatin1(name));
+        XFree(name);
+    }
+    return names;
+}
+
+// Asks the window manager to close a window, as its title-bar button or Alt+F4 would.
+void askWindowManagerToClose(Display* dpy, Window window)
+{
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = XInternAtom(dpy, "_NET_CLOSE_WINDOW", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = CurrentTime;
+    event.xclient.data.l[1] = 2; // a pager or other direct user action
+    XSendEvent(dpy, DefaultRootWindow(dpy), False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
+    XFlush(dpy);
 }
 
 class X11FaceTest : public ::testing::Test {
@@ -125,4 +159,48 @@ TEST_F(X11FaceTest, TheOverlaySitsAtTheBottomCentreAndLeavesTheFocusWhereItWas)
     EXPECT_FALSE(overlay.isActiveWindow());
     overlay.orderOut();
     EXPECT_FALSE(overlay.isShown());
+}
+
+TEST_F(X11FaceTest, APanelFloatsOnEveryDesktopOutOfTaskbarsAndClosingOnlyHidesIt)
+{
+    TestFieldProcess field;
+    ASSERT_TRUE(field.start(QStringLiteral("mivora-face-panel"), QStringLiteral("Typing here")));
+    ASSERT_TRUE(field.waitForFocus());
+
+    MemoryDefaultsStore defaults;
+    defaults.setValue(QStringLiteral("mivora.test.width"), 900.0);
+    defaults.setValue(QStringLiteral("mivora.test.height"), 250.0);
+    X11FloatingWindowTraits traits;
+    FloatingPanel panel({QStringLiteral("Floating test panel"), FloatingPanel::Role::nonActivatingPanel, 16},
+                        &traits);
+    panel.keepSizeIn(std::make_unique<SavedPanelSize>(
+        defaults, QStringLiteral("mivora.test"),
+        SavedPanelSize::Limits{QSize(300, 200), QSize(600, 500), QSize(400, 300)}));
+    EXPECT_EQ(panel.size(), QSize(600, 250)) << "the stored width is held to the panel's maximum";
+    panel.showNearMouse();
+    ASSERT_TRUE(spinUntil([&] { return panel.windowHandle() && panel.windowHandle()->isExposed(); }));
+
+    const auto window = Window(panel.winId());
+    ASSERT_TRUE(spinUntil([&] {
+        const QStringList states = atomNames(display.get(), window, "_NET_WM_STATE");
+        // Openbox says "on every desktop" through _NET_WM_DESKTOP alone, not through a sticky state.
+        return states.contains(QStringLiteral("_NET_WM_STATE_SKIP_TASKBAR")) &&
+               states.contains(QStringLiteral("_NET_WM_STATE_SKIP_PAGER")) &&
+               states.contains(QStringLiteral("_NET_WM_STATE_ABOVE"));
+    })) << atomNames(display.get(), window, "_NET_WM_STATE").join(u' ').toStdString();
+    const auto desktop = X11WindowProperty::read(
+        display.get(), window, XInternAtom(display.get(), "_NET_WM_DESKTOP", False), XA_CARDINAL, 0, 1);
+    ASSERT_TRUE(desktop && desktop->count == 1);
+    EXPECT_EQ(*reinterpret_cast<const unsigned long*>(desktop->data.get()) & 0xFFFFFFFF, 0xFFFFFFFFUL);
+    // Shown without taking the focus from the application the user types in.
+    EXPECT_TRUE(field.waitForFocus());
+
+    // The window manager's close hides the panel; it stays made, and its size is kept for the next show.
+    panel.resize(350, 220);
+    ASSERT_TRUE(spinUntil([&] { return panel.size() == QSize(350, 220); }));
+    askWindowManagerToClose(display.get(), window);
+    ASSERT_TRUE(spinUntil([&] { return !panel.isVisible(); }));
+    EXPECT_EQ(panel.winId(), window);
+    EXPECT_EQ(defaults.value(QStringLiteral("mivora.test.width")).toDouble(), 350.0);
+    EXPECT_EQ(defaults.value(QStringLiteral("mivora.test.height")).toDouble(), 220.0);
 }

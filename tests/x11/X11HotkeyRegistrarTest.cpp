@@ -1,13 +1,11 @@
 #include "platform/x11/X11HotkeyRegistrar.h"
 
+#include "EventLoopWait.h"
 #include "X11TestClient.h"
 #include "hotkeys/MacKeyCode.h"
 #include "hotkeys/ParsedHotkey.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QProcess>
-#include <functional>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -31,21 +29,8 @@ protected:
     // marker also shows what did not fire. Waits on the event loop: the X server answers when it answers.
     std::vector<quint32> pressesUntil(quint32 markerId)
     {
-        const auto done = [&] { return !m_pressed.empty() && m_pressed.back() == markerId; };
-        QDeadlineTimer deadline(5000);
-        while (!done() && !deadline.hasExpired()) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
-        }
+        spinUntil([&] { return !m_pressed.empty() && m_pressed.back() == markerId; });
         return std::exchange(m_pressed, {});
-    }
-
-    static void processEventsFor(int ms)
-    {
-        QDeadlineTimer deadline(ms);
-        while (!deadline.hasExpired()) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents,
-                                            static_cast<int>(deadline.remainingTime()));
-        }
     }
 
     void toggleLocks()
@@ -84,7 +69,7 @@ TEST_F(X11HotkeyRegistrarTest, ChordFiresOncePerPressWhateverTheLockKeys)
     m_other.setKeyRepeat(20, 10);
     m_other.press(QStringLiteral("Alt_L"));
     m_other.press(QStringLiteral("a"));
-    processEventsFor(200);
+    pauseFor(std::chrono::milliseconds(200));
     m_other.release(QStringLiteral("a"));
     m_other.release(QStringLiteral("Alt_L"));
     m_other.setKeyRepeat(660, 40);

@@ -29,18 +29,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// xclip on the CLIPBOARD selection, run without blocking the event loop, so this process keeps serving.
-std::optional<QByteArray> xclip(const QStringList& arguments, const QByteArray& input = {})
-{
-    return runTool(QStringLiteral("xclip"),
-                   QStringList{QStringLiteral("-selection"), QStringLiteral("clipboard")} + arguments, input);
-}
-
-std::optional<QByteArray> xclipOut(const QString& type)
-{
-    return xclip({QStringLiteral("-o"), QStringLiteral("-t"), type});
-}
-
 QByteArray pngImage(int size)
 {
     QImage image(size, size, QImage::Format_RGB32);
@@ -188,7 +176,9 @@ protected:
     void copyWithXclip(const QByteArray& text)
     {
         const qint64 before = pasteboard.changeCount();
-        ASSERT_TRUE(xclip({QStringLiteral("-i")}, text));
+        ASSERT_TRUE(runTool(QStringLiteral("xclip"),
+                            {QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-i")},
+                            text));
         ASSERT_TRUE(spinUntil([&] { return pasteboard.changeCount() != before; }));
     }
 
@@ -274,16 +264,16 @@ TEST_F(X11PasteboardTest, SnapshotRestoresEveryTypeByteForByte)
     // Something else lands on the clipboard, as during a transient use; then the snapshot goes back.
     pasteboard.writeString(QStringLiteral("transient"));
     EXPECT_TRUE(spinUntil([&] { return owner.state() == QProcess::NotRunning; })) << "the old owner lost it";
-    EXPECT_EQ(xclipOut(QStringLiteral("UTF8_STRING")), QByteArray("transient"));
+    EXPECT_EQ(clipboardBytes(), QByteArray("transient"));
     pasteboard.restore(snapshot);
     ASSERT_TRUE(pasteboard.ownsClipboard());
 
     // An independent client reads every type back from us while our event loop runs.
-    const std::optional<QByteArray> targets = xclipOut(QStringLiteral("TARGETS"));
+    const std::optional<QByteArray> targets = clipboardBytes(QStringLiteral("TARGETS"));
     ASSERT_TRUE(targets);
     for (const SavedPasteboardValue& value : snapshot.items.first().values) {
         EXPECT_TRUE(targets->contains(value.type.toUtf8())) << value.type.toStdString();
-        EXPECT_EQ(xclipOut(value.type), value.data) << value.type.toStdString();
+        EXPECT_EQ(clipboardBytes(value.type), value.data) << value.type.toStdString();
     }
     EXPECT_EQ(AwaitTask::run(pasteboard.snapshot()), snapshot);
 }
@@ -316,17 +306,17 @@ TEST_F(X11PasteboardTest, ChangeCountFollowsEveryOwnershipChange)
 TEST_F(X11PasteboardTest, LatinOneTargetOnlyForTextLatinOneCanHold)
 {
     pasteboard.writeString(QStringLiteral("caf\u00e9 cr\u00e8me"));
-    EXPECT_EQ(xclipOut(QStringLiteral("STRING")), QByteArray("caf\xe9 cr\xe8me"));
-    EXPECT_EQ(xclipOut(QStringLiteral("UTF8_STRING")), QStringLiteral("caf\u00e9 cr\u00e8me").toUtf8());
+    EXPECT_EQ(clipboardBytes(QStringLiteral("STRING")), QByteArray("caf\xe9 cr\xe8me"));
+    EXPECT_EQ(clipboardBytes(), QStringLiteral("caf\u00e9 cr\u00e8me").toUtf8());
 
     // Cyrillic would come out of STRING as question marks: the target is not offered at all.
     const QString cyrillic = QStringLiteral("\u041f\u0440\u0438\u0432\u0435\u0442, \u043c\u0438\u0440");
     pasteboard.writeString(cyrillic);
-    const std::optional<QByteArray> targets = xclipOut(QStringLiteral("TARGETS"));
+    const std::optional<QByteArray> targets = clipboardBytes(QStringLiteral("TARGETS"));
     ASSERT_TRUE(targets);
     EXPECT_FALSE(targets->split('\n').contains("STRING")) << targets->toStdString();
-    EXPECT_FALSE(xclipOut(QStringLiteral("STRING")));
-    EXPECT_EQ(xclipOut(QStringLiteral("UTF8_STRING")), cyrillic.toUtf8());
+    EXPECT_FALSE(clipboardBytes(QStringLiteral("STRING")));
+    EXPECT_EQ(clipboardBytes(), cyrillic.toUtf8());
 }
 
 TEST_F(X11PasteboardTest, ContentsOwnedAtExitGoToTheClipboardManager)

@@ -5,7 +5,6 @@
 
 #include <QGuiApplication>
 #include <QPainter>
-#include <QPainterPath>
 #include <QScreen>
 
 namespace {
@@ -36,14 +35,9 @@ QColor toneColor(StatusHUDContent::Tone tone)
 } // namespace
 
 StatusHUDPanel::StatusHUDPanel(QWidget* parent)
-    : QWidget(parent,
-              Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus)
+    : FloatingPanel({QStringLiteral("MivoraAI status"), Role::overlay, cornerRadius}, nullptr, parent)
 {
-    setAttribute(Qt::WA_ShowWithoutActivating);
-    setAttribute(Qt::WA_TranslucentBackground);
-    setFocusPolicy(Qt::NoFocus);
     setFixedSize(overlaySize);
-    setWindowTitle(QStringLiteral("MivoraAI status"));
 }
 
 std::pair<qreal, bool> StatusHUDPanel::fittedTextSize(qreal naturalWidth, qreal availableWidth,
@@ -59,16 +53,7 @@ std::pair<qreal, bool> StatusHUDPanel::fittedTextSize(qreal naturalWidth, qreal 
 void StatusHUDPanel::present(const StatusHUDContent& content, AppearanceMode appearance, SurfaceMode surface)
 {
     m_content = content;
-    m_appearance = appearance;
-    m_surface = surface;
-    // Without a compositor transparent pixels show black: a solid sheet is cut to its rounded shape instead.
-    if (surface == SurfaceMode::solid) {
-        QPainterPath outline;
-        outline.addRoundedRect(QRectF(rect()), cornerRadius, cornerRadius);
-        setMask(QRegion(outline.toFillPolygon().toPolygon()));
-    } else {
-        clearMask();
-    }
+    setLook(appearance, surface);
     const QScreen* screen = QGuiApplication::primaryScreen();
     const QRect area = screen ? screen->availableGeometry() : QRect();
     move(PanelPlacement::statusOverlayPosition(area, size()));
@@ -85,14 +70,14 @@ QRect StatusHUDPanel::textRect() const
     return QRect(left, 0, width() - left - horizontalPadding, height());
 }
 
-void StatusHUDPanel::paintEvent(QPaintEvent*)
+void StatusHUDPanel::paintEvent(QPaintEvent* event)
 {
+    FloatingPanel::paintEvent(event);
     QPainter painter(this);
-    ThemePainter::paintSheet(painter, rect(), cornerRadius, m_appearance, m_surface, palette());
 
     // The tinted appearances are dark glass whatever the scheme; only the system one follows the palette.
     const QColor ink =
-        m_appearance == AppearanceMode::system ? palette().color(QPalette::WindowText) : Qt::white;
+        appearance() == AppearanceMode::system ? palette().color(QPalette::WindowText) : Qt::white;
     QColor tone = toneColor(m_content.tone);
     if (m_content.tone == StatusHUDContent::Tone::secondary) {
         tone = ink;

@@ -1,12 +1,11 @@
 #pragma once
 
 #include "panels/StatusHUDSurface.h"
-
-#include <QWidget>
+#include "panels/views/FloatingPanel.h"
 
 // The status overlay: 260 × 72, centred at the bottom of the primary screen's available area, above other
 // windows, never focused, skipped by taskbars and pagers.
-class StatusHUDPanel : public QWidget, public StatusHUDSurface {
+class StatusHUDPanel : public FloatingPanel, public StatusHUDSurface {
     Q_OBJECT
 public:
     explicit StatusHUDPanel(QWidget* parent = nullptr);
@@ -26,6 +25,4 @@ private:
     QRect textRect() const;
 
     StatusHUDContent m_content;
-    AppearanceMode m_appearance = AppearanceMode::system;
-    SurfaceMode m_surface = SurfaceMode::translucent;
 };

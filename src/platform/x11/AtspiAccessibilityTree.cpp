@@ -272,7 +272,7 @@ AccessibilityElement focusedElement(AtspiAccessible* application)
     }
     int visited = 0;
     while (!queue.isEmpty() && visited < AtspiAccessibilityTree::focusSearchLimit) {
-        const AccessibilityElement element = queue.dequeue();
+        AccessibilityElement element = queue.dequeue();
         ++visited;
         const GObjectPtr<AtspiStateSet> set = states(accessible(element));
         if (!set) {

@@ -119,13 +119,13 @@ struct X11Pasteboard::Private {
     X11EventPump::Subscription events;
 
     Atom atom(const QString& name);
-    QString atomName(Atom atom);
+    QString atomName(Atom value);
     QStringList atomNamesOf(const QByteArray& packed);
 
     void handle(const XEvent& event);
 
     Window currentOwner() const { return XGetSelectionOwner(display, clipboard); }
-    std::optional<Property> takeProperty(Window window, Atom property);
+    std::optional<Property> takeProperty(Window target, Atom property);
     QCoro::Task<std::optional<QByteArray>> convert(Atom target);
     QCoro::Task<std::optional<QByteArray>> receiveIncrementally(Atom property);
     QCoro::Task<std::optional<QByteArray>> read(QString type);
@@ -163,7 +163,7 @@ QString X11Pasteboard::Private::atomName(Atom value)
     if (trap.sync() != 0 || !name) {
         return {};
     }
-    const QString text = QString::fromUtf8(reinterpret_cast<const char*>(name.get()));
+    QString text = QString::fromUtf8(reinterpret_cast<const char*>(name.get()));
     atomNames.insert(value, text);
     atoms.insert(text, value);
     return text;
@@ -552,8 +552,10 @@ X11Pasteboard::X11Pasteboard(X11EventPump& pump) : d(std::make_unique<Private>(p
     d->timestamp = d->atom(QStringLiteral("TIMESTAMP"));
     d->incr = d->atom(QStringLiteral("INCR"));
     // Values larger than one request can carry, less room for the request's header, go incrementally.
-    const long maxRequestBytes = std::max(XExtendedMaxRequestSize(display), XMaxRequestSize(display)) * 4;
-    d->chunkSize = std::min<qsizetype>(256 * 1024, maxRequestBytes - 1024);
+    const qsizetype maxRequestUnits =
+        std::max<qsizetype>(XExtendedMaxRequestSize(display), XMaxRequestSize(display));
+    const qsizetype maxRequestBytes = maxRequestUnits * 4;
+    d->chunkSize = std::min<qsizetype>(qsizetype(256) * 1024, maxRequestBytes - 1024);
     XFixesSelectSelectionInput(display, d->window.get(), d->clipboard,
                                XFixesSetSelectionOwnerNotifyMask | XFixesSelectionWindowDestroyNotifyMask |
                                    XFixesSelectionClientCloseNotifyMask);

@@ -1,6 +1,7 @@
 #include "platform/AccessibilityTree.h"
 #include "platform/ApplicationCatalog.h"
 #include "platform/ApplicationWorkspace.h"
+#include "platform/FloatingWindowTraits.h"
 #include "platform/GlobalHotkeyRegistrar.h"
 #include "platform/InputEventMonitor.h"
 #include "platform/InputSourceProvider.h"
@@ -23,6 +24,7 @@
 #include "platform/x11/X11CompositorSurfaceSignals.h"
 #include "platform/x11/X11DisplayConnection.h"
 #include "platform/x11/X11EventPump.h"
+#include "platform/x11/X11FloatingWindowTraits.h"
 #include "platform/x11/X11GlobalInputMonitor.h"
 #include "platform/x11/X11HotkeyRegistrar.h"
 #include "platform/x11/X11InputSources.h"
@@ -78,5 +80,6 @@ PlatformServices PlatformServices::create(Clock& clock)
     services.hotkeyRegistrar = std::make_unique<X11HotkeyRegistrar>(pump);
     services.surfaceSignals = std::make_unique<X11CompositorSurfaceSignals>(display);
     services.globalInput = std::make_unique<X11GlobalInputMonitor>(pump);
+    services.floatingWindows = std::make_unique<X11FloatingWindowTraits>();
     return services;
 }

@@ -127,7 +127,7 @@ unsigned char X11SyntheticKeyboard::shortcutKey(quint16 virtualKey)
         return 0;
     }
     for (int keycode = maxKeycode; keycode >= minKeycode; --keycode) {
-        const KeySym* row = symbols.get() + (keycode - minKeycode) * perKeycode;
+        const KeySym* row = symbols.get() + std::ptrdiff_t(keycode - minKeycode) * perKeycode;
         if (std::all_of(row, row + perKeycode, [](KeySym symbol) { return symbol == NoSymbol; })) {
             KeySym cases[2] = {NoSymbol, NoSymbol};
             XConvertCase(label, &cases[0], &cases[1]);
@@ -192,9 +192,8 @@ bool X11SyntheticKeyboard::releaseShortcut(quint16 virtualKey)
         return false;
     }
     bool posted = post(key, false);
-    for (auto it = m_pressedModifiers.crbegin(); it != m_pressedModifiers.crend(); ++it) {
-        posted = post(*it, false) && posted;
-    }
+    std::for_each(m_pressedModifiers.crbegin(), m_pressedModifiers.crend(),
+                  [&](unsigned char modifier) { posted = post(modifier, false) && posted; });
     m_pressedModifiers.clear();
     // The user's fingers are still on them: the server's state must say so again, or the next chord
     // pressed without lifting them would arrive bare.

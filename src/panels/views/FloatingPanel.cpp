@@ -1,0 +1,125 @@
+#include "panels/views/FloatingPanel.h"
+
+#include "panels/PanelPlacement.h"
+#include "panels/SavedPanelSize.h"
+#include "panels/views/ThemePainter.h"
+#include "platform/FloatingWindowTraits.h"
+
+#include <QCloseEvent>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScreen>
+
+namespace {
+
+Qt::WindowFlags flagsFor(FloatingPanel::Role role)
+{
+    const Qt::WindowFlags common = Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+    switch (role) {
+    case FloatingPanel::Role::keyPanel:
+        return Qt::Tool | common;
+    case FloatingPanel::Role::nonActivatingPanel:
+        return Qt::Tool | common | Qt::WindowDoesNotAcceptFocus;
+    case FloatingPanel::Role::overlay:
+        break;
+    }
+    // A tooltip window bypasses the window manager: never focused, above everything, on every desktop.
+    return Qt::ToolTip | common | Qt::WindowDoesNotAcceptFocus;
+}
+
+} // namespace
+
+FloatingPanel::FloatingPanel(Options options, FloatingWindowTraits* windowTraits, QWidget* parent)
+    : QWidget(parent, flagsFor(options.role)), m_options(std::move(options))
+{
+    setWindowTitle(m_options.title);
+    setAttribute(Qt::WA_TranslucentBackground);
+    if (m_options.role != Role::keyPanel) {
+        setAttribute(Qt::WA_ShowWithoutActivating);
+        setFocusPolicy(Qt::NoFocus);
+    }
+    if (windowTraits != nullptr && m_options.role != Role::overlay) {
+        // The hints must be on the window before its first map; winId() makes the native window now.
+        windowTraits->applyFloatingTraits(winId());
+    }
+}
+
+FloatingPanel::~FloatingPanel() = default;
+
+void FloatingPanel::setLook(AppearanceMode appearance, SurfaceMode surface)
+{
+    if (appearance == m_appearance && surface == m_surface) {
+        return;
+    }
+    m_appearance = appearance;
+    m_surface = surface;
+    updateMask();
+    update();
+}
+
+void FloatingPanel::keepSizeIn(std::unique_ptr<SavedPanelSize> savedSize)
+{
+    m_savedSize = std::move(savedSize);
+    if (!m_savedSize) {
+        return;
+    }
+    const SavedPanelSize::Limits& limits = m_savedSize->limits();
+    setMinimumSize(limits.minimum);
+    setMaximumSize(limits.maximum);
+    resize(m_savedSize->load());
+}
+
+void FloatingPanel::showNearMouse()
+{
+    const QPoint mouse = QCursor::pos();
+    const QScreen* screen = QGuiApplication::screenAt(mouse);
+    if (screen == nullptr) {
+        screen = QGuiApplication::primaryScreen();
+    }
+    const QRect area = screen != nullptr ? screen->availableGeometry() : QRect(QPoint(), size());
+    move(PanelPlacement::positionNearMouse(mouse, area, size()));
+    show();
+    raise();
+    if (m_options.role == Role::keyPanel) {
+        activateWindow();
+    }
+}
+
+void FloatingPanel::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    hide();
+}
+
+void FloatingPanel::hideEvent(QHideEvent* event)
+{
+    if (m_savedSize) {
+        m_savedSize->save(size());
+    }
+    QWidget::hideEvent(event);
+}
+
+void FloatingPanel::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    ThemePainter::paintSheet(painter, rect(), m_options.cornerRadius, m_appearance, m_surface, palette());
+}
+
+void FloatingPanel::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    updateMask();
+}
+
+void FloatingPanel::updateMask()
+{
+    if (m_surface != SurfaceMode::solid) {
+        clearMask();
+        return;
+    }
+    QPainterPath outline;
+    outline.addRoundedRect(QRectF(rect()), m_options.cornerRadius, m_options.cornerRadius);
+    setMask(QRegion(outline.toFillPolygon().toPolygon()));
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/FloatingWindowTraits.h"
+
+// Adds the EWMH hints of a floating panel to its unmapped window: _NET_WM_STATE sticky, skip-taskbar,
+// skip-pager and above, and _NET_WM_DESKTOP set to every desktop. The window manager reads both when the
+// window is mapped.
+class X11FloatingWindowTraits : public FloatingWindowTraits {
+public:
+    // Does nothing unless the application runs on Qt's X11 platform plugin.
+    void applyFloatingTraits(quintptr nativeWindow) override;
+};
