@@ -20,9 +20,7 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(connection) << "needs an X server";
-        ASSERT_TRUE(spinUntil([] {
-            return runTool(QStringLiteral("wmctrl"), {QStringLiteral("-m")}).has_value();
-        })) << "needs an EWMH window manager";
+        ASSERT_TRUE(waitForWindowManager()) << "needs an EWMH window manager";
     }
 
     void writeEntry(const QString& file, const QByteArray& keys)
