@@ -1,4 +1,5 @@
 #include "AwaitTask.h"
+#include "Percentile.h"
 #include "TestFieldProcess.h"
 #include "X11ExchangeStack.h"
 #include "core/PasteboardTiming.h"
@@ -52,14 +53,6 @@ Floor pasteFloor(const PasteboardTiming& t)
                 .arg(t.pasteDelay)
                 .arg(shortcutHold)
                 .arg(t.restoreDelay)};
-}
-
-// Nearest rank.
-double percentile(QList<double> values, double fraction)
-{
-    std::sort(values.begin(), values.end());
-    const auto rank = qsizetype(std::ceil(fraction * double(values.size())));
-    return values.at(std::clamp<qsizetype>(rank - 1, 0, values.size() - 1));
 }
 
 struct Result {

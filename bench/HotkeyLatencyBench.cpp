@@ -1,3 +1,4 @@
+#include "Percentile.h"
 #include "ResidentAppProcess.h"
 #include "ScriptedHttpServer.h"
 #include "TestFieldProcess.h"
@@ -62,14 +63,6 @@ Floor styleFloor()
                            .arg(t.pasteDelay)
                            .arg(t.restoreDelay);
     return floor;
-}
-
-// Nearest rank.
-double percentile(QList<double> values, double fraction)
-{
-    std::sort(values.begin(), values.end());
-    const auto rank = qsizetype(std::ceil(fraction * double(values.size())));
-    return values.at(std::clamp<qsizetype>(rank - 1, 0, values.size() - 1));
 }
 
 const QByteArray userClipboard = "user clipboard \xE2\x9C\x93";

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Renders the main window (the General page and four more), the tray menu and the status overlay in English
-# and Russian on a private X server with a tray host, into docs/screenshots/. Needs a debug build
+# Renders the main window (the General page and every other page), the tray menu and the status overlay in
+# English and Russian on a private X server with a tray host, into docs/screenshots/. Needs a debug build
 # (scripts/test.sh makes one).
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -36,6 +36,17 @@ shoot() {
     local window
     window=$(xdotool search --onlyvisible --name '^MivoraAI$' | head -1)
     import -window "$window" "docs/screenshots/main-window-$language.png"
+    # Each page by a click on its sidebar row (rows of 34 pixels under an 8-pixel margin), in a taller window.
+    xdotool windowsize "$window" 900 900
+    sleep 0.5
+    local row page
+    for row in 1:actions 2:styles 3:ai-reply 4:quick-menu 8:shortcuts; do
+        page=${row#*:}
+        xdotool mousemove --window "$window" 100 $((8 + 34 * ${row%%:*} + 17)) click 1
+        sleep 0.7
+        import -window "$window" "docs/screenshots/page-$page-$language.png"
+    done
+    xdotool mousemove --window "$window" 100 25 click 1
     # The tray icon sits at the top right; a click opens its menu.
     xdotool mousemove 1588 12 click 1
     sleep 1
@@ -86,6 +97,8 @@ CONF
         sleep 0.1
     done
     sleep 1
+    xdotool windowsize "$window" 900 900
+    sleep 0.5
     local page
     for page in clipboard:5 layout:6 permissions:7 updates:9; do
         # Sidebar rows are 34 pixels high below an 8-pixel margin.

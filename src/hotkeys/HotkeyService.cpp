@@ -36,7 +36,9 @@ void HotkeyService::start(MivoraAppState& appState)
             throw HotkeyServiceError::installFailed(status);
         }
         m_started = true;
-        registerConfiguredHotkeys();
+        if (m_suspensions == 0) {
+            registerConfiguredHotkeys();
+        }
     } catch (const HotkeyServiceError& error) {
         stop();
         reportFailure(error.errorDescription());
@@ -124,9 +126,25 @@ void HotkeyService::registerConfiguredHotkeys()
     }
 }
 
+void HotkeyService::suspendGlobalHotkeys()
+{
+    if (++m_suspensions == 1) {
+        m_services.registrar.unregisterAll();
+        m_registeredActions.clear();
+    }
+}
+
+void HotkeyService::resumeGlobalHotkeys()
+{
+    if (m_suspensions > 0 && --m_suspensions == 0) {
+        reloadConfiguredHotkeys();
+    }
+}
+
 void HotkeyService::reloadConfiguredHotkeys()
 {
-    if (!m_started || !m_appState) {
+    // A suspension holds every chord back; its end registers from the settings of that moment.
+    if (!m_started || !m_appState || m_suspensions > 0) {
         return;
     }
     m_services.registrar.unregisterAll();

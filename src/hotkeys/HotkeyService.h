@@ -1,5 +1,6 @@
 #pragma once
 
+#include "hotkeys/GlobalHotkeySuspension.h"
 #include "hotkeys/RegisteredHotkeyAction.h"
 
 #include <QMap>
@@ -19,7 +20,7 @@ class TextExchange;
 
 // Puts every configured hotkey in force with one numbering and one conflict rule, re-registers on every
 // settings change, and dispatches presses. GUI thread only.
-class HotkeyService : public QObject {
+class HotkeyService : public QObject, public GlobalHotkeySuspension {
     Q_OBJECT
 public:
     struct Services {
@@ -42,6 +43,9 @@ public:
 
     const QMap<quint32, RegisteredHotkeyAction>& registeredActions() const { return m_registeredActions; }
 
+    void suspendGlobalHotkeys() override;
+    void resumeGlobalHotkeys() override;
+
 private:
     void registerConfiguredHotkeys();
     bool registerHotkey(quint32 id, const QString& hotkey, const RegisteredHotkeyAction& action,
@@ -58,6 +62,7 @@ private:
     Services m_services;
     QPointer<MivoraAppState> m_appState;
     bool m_started = false;
+    int m_suspensions = 0;
     QMap<quint32, RegisteredHotkeyAction> m_registeredActions;
     QMetaObject::Connection m_settingsConnection;
 };

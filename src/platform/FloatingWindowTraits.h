@@ -11,4 +11,7 @@ public:
     // window exists and before it is first mapped; a window the platform does not know is left alone. GUI
     // thread; non-blocking.
     virtual void applyFloatingTraits(quintptr nativeWindow) = 0;
+    // Asks for the keyboard focus for a shown window on the user's behalf: a panel opened by a global hotkey
+    // answers a user's action even though none of this program's windows saw it. GUI thread; non-blocking.
+    virtual void activate(quintptr nativeWindow) = 0;
 };

@@ -93,8 +93,16 @@ void MivoraNativeApp::makeFace(const Views& views)
         m_statusHUD = std::make_unique<StatusHUDController>(views.makeStatusHUD);
     }
     if (views.makeMainWindow) {
+        SettingsPageServices pages;
+        pages.hotkeys = m_hotkeys.get();
+        pages.clipboardHistory = m_clipboardHistory.get();
+        pages.permissions = m_permissions.get();
+        pages.updates = m_updateManager.get();
+        pages.keyboardLayout = m_keyboardLayout.get();
+        pages.workspace = m_platform.workspace.get();
+        pages.inputSources = m_platform.inputSources.get();
         m_mainWindow = views.makeMainWindow(
-            *m_appState,
+            *m_appState, pages,
             MainWindowHooks{[this] { return m_delegate->windowShouldClose(); },
                             [this] {
                                 if (m_delegate->applicationShouldTerminateAfterLastWindowClosed()) {
@@ -133,6 +141,14 @@ void MivoraNativeApp::quit()
         m_delegate->stop();
     }
     QCoreApplication::quit();
+}
+
+bool MivoraNativeApp::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == QCoreApplication::instance() && event->type() == QEvent::Quit && m_delegate) {
+        m_delegate->applicationShouldTerminate();
+    }
+    return false;
 }
 
 MivoraNativeApp::~MivoraNativeApp()
@@ -187,6 +203,10 @@ void MivoraNativeApp::start()
         m_defaults->remove(requestPermissionsOnLaunchKey);
         m_permissions->requestPermissions();
     }
+    // Whoever ends the program (the session manager at logout, say) asks the application to quit, which
+    // first closes every window; the hidden main window would refuse that close unless it knows the
+    // program is ending.
+    QCoreApplication::instance()->installEventFilter(this);
     if (m_delegate) {
         m_delegate->start();
         // An autostarted program must not pop its window at every login: the setting decides.

@@ -3,6 +3,7 @@
 #include "core/UiLanguage.h"
 #include "platform/PlatformServices.h"
 #include "shell/MainWindowHost.h"
+#include "shell/settings/SettingsPageServices.h"
 
 #include <QObject>
 #include <functional>
@@ -45,7 +46,9 @@ public:
         std::function<std::unique_ptr<StatusHUDSurface>()> makeStatusHUD;
         std::function<std::unique_ptr<TraySurface>()> makeTray;
         std::function<bool()> trayHostAvailable;
-        std::function<std::unique_ptr<MainWindowHost>(MivoraAppState&, MainWindowHooks)> makeMainWindow;
+        std::function<std::unique_ptr<MainWindowHost>(MivoraAppState&, const SettingsPageServices&,
+                                                      MainWindowHooks)>
+            makeMainWindow;
         std::function<std::unique_ptr<UpdateAlertPresenter>(AppUpdateManager&, std::function<UiLanguage()>)>
             makeUpdateAlerts;
     };
@@ -64,6 +67,9 @@ public:
     void showMainWindow();
     // Quits the program from its own menu: windows close for real from here on.
     void quit();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void makeFace(const Views& views);

@@ -55,8 +55,9 @@ MivoraNativeApp::Views residentViews()
     views.makeStatusHUD = [] { return std::make_unique<StatusHUDPanel>(); };
     views.makeTray = [] { return std::make_unique<TrayIcon>(); };
     views.trayHostAvailable = [] { return TrayIcon::isHostAvailable(); };
-    views.makeMainWindow = [](MivoraAppState& state, MainWindowHooks hooks) {
-        return std::make_unique<MainWindow>(state, std::move(hooks));
+    views.makeMainWindow = [](MivoraAppState& state, const SettingsPageServices& pages,
+                              MainWindowHooks hooks) {
+        return std::make_unique<MainWindow>(state, pages, std::move(hooks));
     };
     views.makeUpdateAlerts = [](AppUpdateManager& updates, std::function<UiLanguage()> language) {
         return std::make_unique<UpdateAlertDialog>(updates, std::move(language));

@@ -184,6 +184,26 @@ TEST_F(HotkeyServiceTest, SettingsChangesReregisterAndAFailedReloadKeepsWhatCame
     EXPECT_EQ(panels.calls.size(), panelCalls);
 }
 
+TEST_F(HotkeyServiceTest, ASuspensionReleasesEveryChordUntilItsLastResumeRegistersTheNewSettings)
+{
+    service.start(state);
+    service.suspendGlobalHotkeys();
+    service.suspendGlobalHotkeys();
+    EXPECT_TRUE(registrar.registrations().isEmpty());
+    EXPECT_FALSE(registrar.pressChord(0 /* A */, HotkeyModifier::Option));
+    // What the recorder writes meanwhile stays unclaimed until the end of the suspension.
+    configure([](MivoraSettings& s) { s.layoutHotkey = "Control+Alt+K"; });
+    QCoreApplication::processEvents();
+    service.resumeGlobalHotkeys();
+    EXPECT_TRUE(registrar.registrations().isEmpty());
+    service.resumeGlobalHotkeys();
+    EXPECT_TRUE(
+        registrar.pressChord(40 /* K */, HotkeyModifiers(HotkeyModifier::Control) | HotkeyModifier::Option));
+    EXPECT_FALSE(registrar.pressChord(0 /* A */, HotkeyModifier::Option));
+    service.resumeGlobalHotkeys();
+    EXPECT_EQ(registrar.registrations().size(), service.registeredActions().size());
+}
+
 TEST_F(HotkeyServiceTest, PressesRunActionsOnTheRememberedTargetAndReachPanelsAndWindows)
 {
     service.start(state);

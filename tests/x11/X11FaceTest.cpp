@@ -2,9 +2,11 @@
 #include "MemoryDefaultsStore.h"
 #include "TestFieldProcess.h"
 #include "core/EventLoopClock.h"
+#include "panels/FloatingPanelDismissMonitor.h"
 #include "panels/PanelPlacement.h"
 #include "panels/SavedPanelSize.h"
 #include "panels/views/FloatingPanel.h"
+#include "panels/views/QtLocalInputMonitor.h"
 #include "panels/views/StatusHUDPanel.h"
 #include "platform/x11/X11CompositorSurfaceSignals.h"
 #include "platform/x11/X11DisplayConnection.h"
@@ -203,4 +205,42 @@ TEST_F(X11FaceTest, APanelFloatsOnEveryDesktopOutOfTaskbarsAndClosingOnlyHidesIt
     EXPECT_EQ(panel.winId(), window);
     EXPECT_EQ(defaults.value(QStringLiteral("mivora.test.width")).toDouble(), 350.0);
     EXPECT_EQ(defaults.value(QStringLiteral("mivora.test.height")).toDouble(), 220.0);
+
+    // Shown again, it floats the same way: the hints outlive the window manager's unmanaging it.
+    panel.showNearMouse();
+    EXPECT_TRUE(spinUntil([&] {
+        return atomNames(display.get(), window, "_NET_WM_STATE")
+            .contains(QStringLiteral("_NET_WM_STATE_SKIP_TASKBAR"));
+    }));
+}
+
+TEST_F(X11FaceTest, EscapeAndAClickInAnotherApplicationDismissAShownPanelAndTheClickStillLands)
+{
+    TestFieldProcess other;
+    ASSERT_TRUE(other.start(QStringLiteral("mivora-face-dismiss"), QStringLiteral("Other application")));
+
+    QtLocalInputMonitor localEvents;
+    X11GlobalInputMonitor globalEvents(pump);
+    X11FloatingWindowTraits traits;
+    FloatingPanel panel({QStringLiteral("Dismissable panel"), FloatingPanel::Role::keyPanel, 16}, &traits);
+    panel.resize(320, 200);
+    FloatingPanelDismissMonitor dismissal(localEvents, globalEvents,
+                                          {&panel, [&] { return panel.isVisible(); }}, [&] { panel.hide(); });
+    const auto showPanel = [&] {
+        panel.showNearMouse();
+        dismissal.install();
+        return spinUntil([&] { return panel.isActiveWindow(); });
+    };
+
+    ASSERT_TRUE(showPanel());
+    ASSERT_TRUE(runTool(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("Escape")}));
+    EXPECT_TRUE(spinUntil([&] { return !panel.isVisible(); })) << "Escape left the panel up";
+
+    // A person takes a moment before opening the panel again.
+    pauseFor(800ms);
+    ASSERT_TRUE(showPanel());
+    ASSERT_TRUE(clickWindow(QStringLiteral("Other application"), 1));
+    EXPECT_TRUE(spinUntil([&] { return !panel.isVisible(); })) << "an outside click left the panel up";
+    // Nothing was swallowed: the click activated the application it was meant for.
+    EXPECT_TRUE(other.waitForFocus());
 }

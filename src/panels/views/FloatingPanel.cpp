@@ -32,7 +32,7 @@ Qt::WindowFlags flagsFor(FloatingPanel::Role role)
 } // namespace
 
 FloatingPanel::FloatingPanel(Options options, FloatingWindowTraits* windowTraits, QWidget* parent)
-    : QWidget(parent, flagsFor(options.role)), m_options(std::move(options))
+    : QWidget(parent, flagsFor(options.role)), m_options(std::move(options)), m_windowTraits(windowTraits)
 {
     setWindowTitle(m_options.title);
     setAttribute(Qt::WA_TranslucentBackground);
@@ -40,9 +40,8 @@ FloatingPanel::FloatingPanel(Options options, FloatingWindowTraits* windowTraits
         setAttribute(Qt::WA_ShowWithoutActivating);
         setFocusPolicy(Qt::NoFocus);
     }
-    if (windowTraits != nullptr && m_options.role != Role::overlay) {
-        // The hints must be on the window before its first map; winId() makes the native window now.
-        windowTraits->applyFloatingTraits(winId());
+    if (m_options.role == Role::overlay) {
+        m_windowTraits = nullptr;
     }
 }
 
@@ -84,6 +83,9 @@ void FloatingPanel::showNearMouse()
     raise();
     if (m_options.role == Role::keyPanel) {
         activateWindow();
+        if (m_windowTraits != nullptr) {
+            m_windowTraits->activate(winId());
+        }
     }
 }
 
@@ -91,6 +93,16 @@ void FloatingPanel::closeEvent(QCloseEvent* event)
 {
     event->ignore();
     hide();
+}
+
+void FloatingPanel::showEvent(QShowEvent* event)
+{
+    // The window manager drops the hints when the window is withdrawn, so they go on again before each
+    // map; the show event comes just before it, and winId() makes the native window on the first show.
+    if (m_windowTraits != nullptr) {
+        m_windowTraits->applyFloatingTraits(winId());
+    }
+    QWidget::showEvent(event);
 }
 
 void FloatingPanel::hideEvent(QHideEvent* event)

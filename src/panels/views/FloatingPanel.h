@@ -47,6 +47,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -55,6 +56,7 @@ private:
     void updateMask();
 
     Options m_options;
+    FloatingWindowTraits* m_windowTraits;
     AppearanceMode m_appearance = AppearanceMode::system;
     SurfaceMode m_surface = SurfaceMode::translucent;
     std::unique_ptr<SavedPanelSize> m_savedSize;

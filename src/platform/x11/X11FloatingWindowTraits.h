@@ -9,4 +9,7 @@ class X11FloatingWindowTraits : public FloatingWindowTraits {
 public:
     // Does nothing unless the application runs on Qt's X11 platform plugin.
     void applyFloatingTraits(quintptr nativeWindow) override;
+    // Sends _NET_ACTIVE_WINDOW as a pager would: window managers that prevent focus stealing judge an
+    // application's request by its last input time, which a global hotkey never updates.
+    void activate(quintptr nativeWindow) override;
 };

@@ -2,14 +2,13 @@
 
 #include "clipboard/ClipboardHistoryService.h"
 #include "core/MivoraAppState.h"
-#include "platform/Pasteboard.h"
 #include "shell/settings/SettingsEdit.h"
 
 #include <algorithm>
 
 ClipboardSettingsModel::ClipboardSettingsModel(MivoraAppState& state, ClipboardHistoryService& history,
-                                               Pasteboard& pasteboard, QObject* parent)
-    : QObject(parent), m_state(state), m_history(history), m_pasteboard(pasteboard)
+                                               QObject* parent)
+    : QObject(parent), m_state(state), m_history(history)
 {
     connect(&state, &MivoraAppState::settingsChanged, this, &ClipboardSettingsModel::settingsChanged);
     connect(&history, &ClipboardHistoryService::itemsChanged, this, &ClipboardSettingsModel::itemsChanged);
@@ -71,15 +70,10 @@ const QList<ClipboardHistoryItem>& ClipboardSettingsModel::items() const
 
 void ClipboardSettingsModel::putBack(const QString& itemId)
 {
-    const QList<ClipboardHistoryItem>& items = m_history.items();
-    const auto item = std::find_if(items.begin(), items.end(),
-                                   [&](const ClipboardHistoryItem& each) { return each.id == itemId; });
-    if (item == items.end()) {
-        return;
+    if (m_history.putBack(itemId)) {
+        m_state.publishStatus(
+            ActionStatus::done(localized(m_state.settings().uiLanguage, "Pasted", "Вставлено")));
     }
-    m_pasteboard.writeString(item->text);
-    m_state.publishStatus(
-        ActionStatus::done(localized(m_state.settings().uiLanguage, "Pasted", "Вставлено")));
 }
 
 void ClipboardSettingsModel::remove(const QString& itemId)

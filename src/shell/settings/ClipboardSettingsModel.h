@@ -6,7 +6,6 @@
 
 class ClipboardHistoryService;
 class MivoraAppState;
-class Pasteboard;
 
 // The Clipboard page: the history switch, the limit stepper, the kept days, clearing, and the recent items
 // with put-back and delete. Every edit goes through the state's settings. GUI thread.
@@ -18,7 +17,7 @@ public:
     static constexpr int stepperMinimum = 10;
     static constexpr int stepperMaximum = 500;
 
-    ClipboardSettingsModel(MivoraAppState& state, ClipboardHistoryService& history, Pasteboard& pasteboard,
+    ClipboardSettingsModel(MivoraAppState& state, ClipboardHistoryService& history,
                            QObject* parent = nullptr);
 
     bool historyEnabled() const;
@@ -45,5 +44,4 @@ signals:
 private:
     MivoraAppState& m_state;
     ClipboardHistoryService& m_history;
-    Pasteboard& m_pasteboard;
 };

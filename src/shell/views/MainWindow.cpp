@@ -3,7 +3,8 @@
 #include "core/MivoraAppState.h"
 #include "core/UiLanguage.h"
 #include "panels/views/ThemePainter.h"
-#include "shell/views/GeneralSettingsPage.h"
+#include "shell/settings/views/SettingsPageFactory.h"
+#include "shell/views/GeneralSettingsView.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -61,7 +62,8 @@ QIcon tileIcon(SettingsPage page)
 
 } // namespace
 
-MainWindow::MainWindow(MivoraAppState& appState, MainWindowHooks hooks, QWidget* parent)
+MainWindow::MainWindow(MivoraAppState& appState, const SettingsPageServices& services, MainWindowHooks hooks,
+                       QWidget* parent)
     : QWidget(parent), m_appState(appState), m_hooks(std::move(hooks))
 {
     setWindowTitle(QStringLiteral("MivoraAI"));
@@ -88,10 +90,11 @@ MainWindow::MainWindow(MivoraAppState& appState, MainWindowHooks hooks, QWidget*
 
     m_pages = new QStackedWidget;
     m_pages->setMaximumWidth(700);
-    m_general = new GeneralSettingsPage(appState, m_autostart);
     for (int index = 0; index < pageCount; ++index) {
         if (index == int(SettingsPage::general)) {
-            m_pages->addWidget(m_general);
+            m_pages->addWidget(new GeneralSettingsView(appState, m_autostart));
+        } else if (QWidget* page = SettingsPageFactory::make(SettingsPage(index), appState, services)) {
+            m_pages->addWidget(page);
         } else {
             auto* placeholder = new QLabel;
             placeholder->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -129,7 +132,6 @@ MainWindow::MainWindow(MivoraAppState& appState, MainWindowHooks hooks, QWidget*
     connect(&appState, &MivoraAppState::selectedSettingsPageChanged, this, &MainWindow::showSelectedPage);
     connect(&appState, &MivoraAppState::settingsChanged, this, [this] {
         retranslate();
-        m_general->refresh();
         applyTheme();
     });
     auto* quickMenu = new QShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+Space")), this);
@@ -147,8 +149,12 @@ void MainWindow::applyTheme()
 {
     // The tinted appearances are dark glass: their text is light. The system one keeps the desktop's colours.
     QPalette colours = QApplication::palette();
-    if (m_appState.settings().appearanceMode != AppearanceMode::system) {
+    const AppearanceMode appearance = m_appState.settings().appearanceMode;
+    if (appearance != AppearanceMode::system) {
         colours.setColor(QPalette::WindowText, Qt::white);
+        // Switches and selections take the appearance's accent.
+        colours.setColor(QPalette::Highlight,
+                         ThemePainter::color(AppearancePalette::accentColor(appearance), colours));
     }
     setPalette(colours);
     QPalette sidebar = colours;

@@ -2,6 +2,7 @@
 
 #include "shell/AutostartEntry.h"
 #include "shell/MainWindowHost.h"
+#include "shell/settings/SettingsPageServices.h"
 
 #include <QWidget>
 #include <functional>
@@ -10,14 +11,15 @@ class MivoraAppState;
 class QLabel;
 class QListWidget;
 class QStackedWidget;
-class GeneralSettingsPage;
 
 // The program's one main window: the frame of the settings, a sidebar with the ten pages, a strip with the
 // page's title and a scrolling detail area. Closing it asks the lifecycle logic, which may hide it instead.
 class MainWindow : public QWidget, public MainWindowHost {
     Q_OBJECT
 public:
-    MainWindow(MivoraAppState& appState, MainWindowHooks hooks, QWidget* parent = nullptr);
+    // The pages are built at once from services, which must outlive the window.
+    MainWindow(MivoraAppState& appState, const SettingsPageServices& services, MainWindowHooks hooks,
+               QWidget* parent = nullptr);
     ~MainWindow() override;
 
     bool hasVisibleMainWindow() const override;
@@ -43,5 +45,4 @@ private:
     QLabel* m_pageTitle = nullptr;
     QStackedWidget* m_pages = nullptr;
     AutostartEntry m_autostart = AutostartEntry::forCurrentUser();
-    GeneralSettingsPage* m_general = nullptr;
 };

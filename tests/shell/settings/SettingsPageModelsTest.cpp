@@ -21,7 +21,7 @@ protected:
 
     FakePasteboard pasteboard;
     ClipboardHistoryService history{pasteboard, clock, defaults};
-    ClipboardSettingsModel clipboard{state, history, pasteboard};
+    ClipboardSettingsModel clipboard{state, history};
     LayoutSettingsModel layouts{state, layout};
 };
 

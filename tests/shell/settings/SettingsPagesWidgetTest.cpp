@@ -42,7 +42,7 @@ TEST_F(SettingsPagesWidgetTest, TheLayoutPickersShowStoredNamesWithoutRewritingT
     QObject::connect(&state, &MivoraAppState::settingsChanged, [&] { ++saves; });
 
     // Filling the pickers as the page appears, and again in another language, writes nothing.
-    LayoutSettingsPage page(state, layout, catalog);
+    LayoutSettingsPage page(state, layout, &catalog, nullptr);
     page.show();
     QApplication::processEvents();
     const QList<QComboBox*> pickers = page.findChildren<QComboBox*>();

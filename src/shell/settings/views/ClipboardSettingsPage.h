@@ -1,45 +1,40 @@
 #pragma once
 
-#include <QWidget>
+#include "shell/settings/views/SettingsPageWidget.h"
 
 class ClipboardHistoryService;
 class ClipboardSettingsModel;
-class MivoraAppState;
-class Pasteboard;
-class QCheckBox;
 class QLabel;
 class QPushButton;
 class QToolButton;
-class QVBoxLayout;
+class SettingsCard;
+class SettingsRow;
+class SettingsSwitch;
 
 // The Clipboard page: the history switch, the limit stepper, the kept days, clearing, and the recent items,
 // each with put-back and delete.
-class ClipboardSettingsPage : public QWidget {
+class ClipboardSettingsPage : public SettingsPageWidget {
     Q_OBJECT
 public:
-    ClipboardSettingsPage(MivoraAppState& appState, ClipboardHistoryService& history, Pasteboard& pasteboard,
+    ClipboardSettingsPage(MivoraAppState& appState, ClipboardHistoryService& history,
                           QWidget* parent = nullptr);
 
 protected:
+    void refresh() override;
     void showEvent(QShowEvent* event) override;
 
 private:
-    void refresh();
     // The item rows are made again only while the page is seen; a hidden page just remembers to.
     void refreshItems();
 
-    MivoraAppState& m_appState;
     ClipboardSettingsModel* m_model = nullptr;
-    QCheckBox* m_historyEnabled = nullptr;
-    QLabel* m_limit = nullptr;
+    SettingsRow* m_historyEnabled = nullptr;
+    SettingsRow* m_limit = nullptr;
     QToolButton* m_stepDown = nullptr;
     QToolButton* m_stepUp = nullptr;
-    QLabel* m_daysLabel = nullptr;
-    QLabel* m_days = nullptr;
+    SettingsRow* m_days = nullptr;
     QPushButton* m_clear = nullptr;
-    QLabel* m_recentTitle = nullptr;
-    QWidget* m_items = nullptr;
-    QVBoxLayout* m_itemsLayout = nullptr;
+    QLabel* m_recentHeading = nullptr;
+    SettingsCard* m_items = nullptr;
     bool m_itemsStale = true;
-    bool m_refreshing = false;
 };

@@ -2,59 +2,60 @@
 
 #include "core/MivoraAppState.h"
 #include "exchange/PermissionController.h"
+#include "shell/settings/views/SettingsCard.h"
 #include "shell/settings/views/SettingsPageKit.h"
+#include "shell/settings/views/SettingsRow.h"
 
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+// Buttons side by side, from the leading edge.
+QWidget* buttonLine(std::initializer_list<QPushButton*> buttons)
+{
+    auto* line = new QWidget;
+    auto* layout = new QHBoxLayout(line);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (QPushButton* button : buttons) {
+        layout->addWidget(button);
+    }
+    layout->addStretch();
+    return line;
+}
+
+} // namespace
 
 PermissionsSettingsPage::PermissionsSettingsPage(MivoraAppState& appState, PermissionController& permissions,
                                                  QWidget* parent)
-    : QWidget(parent), m_appState(appState), m_permissions(permissions)
+    : SettingsPageWidget(appState, parent), m_permissions(permissions)
 {
-    auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(16);
-    grid->setVerticalSpacing(10);
-    grid->setColumnMinimumWidth(0, 180);
-    for (int row = 0; row < 2; ++row) {
-        m_rowTitles[row] = new QLabel(this);
-        m_badgeIcons[row] = new QLabel(this);
-        m_badgeIcons[row]->setFixedSize(16, 16);
-        m_badgeTexts[row] = new QLabel(this);
-        auto* badge = new QHBoxLayout;
-        badge->setSpacing(6);
-        badge->addWidget(m_badgeIcons[row]);
-        badge->addWidget(m_badgeTexts[row]);
-        grid->addWidget(m_rowTitles[row], row, 0);
-        grid->addLayout(badge, row, 1, Qt::AlignLeft);
+    auto* card = new SettingsCard(this);
+    for (SettingsRow*& row : m_grants) {
+        auto* badge = new QWidget;
+        auto* badgeLayout = new QHBoxLayout(badge);
+        badgeLayout->setContentsMargins(0, 0, 0, 0);
+        badgeLayout->setSpacing(6);
+        auto* icon = new QLabel;
+        icon->setFixedSize(16, 16);
+        badgeLayout->addWidget(icon);
+        badgeLayout->addWidget(new QLabel);
+        row = new SettingsRow(badge);
+        card->addRow(row);
     }
-    grid->setColumnStretch(2, 1);
-    m_refresh = new QPushButton(this);
-    m_request = new QPushButton(this);
-    m_openAccessibility = new QPushButton(this);
-    m_openInputMonitoring = new QPushButton(this);
-    m_reset = new QPushButton(this);
+    column()->addWidget(card);
+    m_refresh = new QPushButton;
+    m_request = new QPushButton;
+    m_openAccessibility = new QPushButton;
+    m_openInputMonitoring = new QPushButton;
+    m_reset = new QPushButton;
+    column()->addWidget(buttonLine({m_refresh, m_request}));
+    column()->addWidget(buttonLine({m_openAccessibility, m_openInputMonitoring}));
+    column()->addWidget(buttonLine({m_reset}));
     m_resetNote = makeNote(this);
-
-    auto* firstButtons = new QHBoxLayout;
-    firstButtons->addWidget(m_refresh);
-    firstButtons->addWidget(m_request);
-    firstButtons->addStretch();
-    auto* openButtons = new QHBoxLayout;
-    openButtons->addWidget(m_openAccessibility);
-    openButtons->addWidget(m_openInputMonitoring);
-    openButtons->addStretch();
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(10);
-    layout->addLayout(grid);
-    layout->addSpacing(6);
-    layout->addLayout(firstButtons);
-    layout->addLayout(openButtons);
-    layout->addWidget(m_reset, 0, Qt::AlignLeft);
-    layout->addWidget(m_resetNote);
-    layout->addStretch();
+    column()->addWidget(m_resetNote);
 
     connect(m_refresh, &QPushButton::clicked, this, [this] { m_permissions.refreshPermissions(); });
     connect(m_request, &QPushButton::clicked, this, [this] { m_permissions.requestPermissions(); });
@@ -63,45 +64,44 @@ PermissionsSettingsPage::PermissionsSettingsPage(MivoraAppState& appState, Permi
     connect(m_openInputMonitoring, &QPushButton::clicked, this,
             [this] { m_permissions.openPermissionSettings(PermissionSettingsTarget::inputMonitoring); });
     connect(m_reset, &QPushButton::clicked, this, [this] { m_permissions.resetMivoraPermissions(true); });
-    connect(&appState, &MivoraAppState::settingsChanged, this, &PermissionsSettingsPage::refresh);
     connect(&appState, &MivoraAppState::permissionStateChanged, this, &PermissionsSettingsPage::refresh);
-    refresh();
+    followState();
 }
 
 void PermissionsSettingsPage::showEvent(QShowEvent* event)
 {
-    QWidget::showEvent(event);
+    SettingsPageWidget::showEvent(event);
     m_permissions.refreshPermissions();
 }
 
-void PermissionsSettingsPage::showBadge(QLabel* icon, QLabel* text, bool granted)
+void PermissionsSettingsPage::showBadge(SettingsRow* row, bool granted)
 {
-    const UiLanguage language = m_appState.settings().uiLanguage;
+    const QList<QLabel*> parts = row->control()->findChildren<QLabel*>();
     const QColor ink = granted ? QColor(52, 168, 83) : QColor(230, 140, 30);
-    icon->setPixmap(settingsSymbol(granted ? QStringLiteral("checkmark.circle.fill")
-                                           : QStringLiteral("exclamationmark.circle"),
-                                   ink)
-                        .pixmap(16, 16));
-    text->setText(granted ? localized(language, "Granted", "Разрешено")
-                          : localized(language, "Needs Access", "Нужен доступ"));
+    parts[0]->setPixmap(settingsSymbol(granted ? QStringLiteral("checkmark.circle.fill")
+                                               : QStringLiteral("exclamationmark.circle"),
+                                       ink)
+                            .pixmap(16, 16));
+    parts[1]->setText(granted ? localized(language(), "Granted", "Разрешено")
+                              : localized(language(), "Needs Access", "Нужен доступ"));
 }
 
 void PermissionsSettingsPage::refresh()
 {
-    const UiLanguage language = m_appState.settings().uiLanguage;
     const PermissionState& state = m_appState.permissionState();
-    m_rowTitles[0]->setText(localized(language, "Accessibility", "Универсальный доступ"));
-    m_rowTitles[1]->setText(localized(language, "Input Monitoring", "Мониторинг ввода"));
-    showBadge(m_badgeIcons[0], m_badgeTexts[0], state.accessibilityGranted);
-    showBadge(m_badgeIcons[1], m_badgeTexts[1], state.inputMonitoringGranted);
-    m_refresh->setText(localized(language, "Refresh", "Обновить"));
-    m_request->setText(localized(language, "Request permissions", "Запросить разрешения"));
-    m_openAccessibility->setText(localized(language, "Open Accessibility", "Открыть Универсальный доступ"));
-    m_openInputMonitoring->setText(localized(language, "Open Input Monitoring", "Открыть Мониторинг ввода"));
-    m_reset->setText(localized(language, "Reset Mivora permissions + request again",
+    m_grants[0]->setTitle(localized(language(), "Accessibility", "Универсальный доступ"));
+    m_grants[1]->setTitle(localized(language(), "Input Monitoring", "Мониторинг ввода"));
+    showBadge(m_grants[0], state.accessibilityGranted);
+    showBadge(m_grants[1], state.inputMonitoringGranted);
+    m_refresh->setText(localized(language(), "Refresh", "Обновить"));
+    m_request->setText(localized(language(), "Request permissions", "Запросить разрешения"));
+    m_openAccessibility->setText(localized(language(), "Open Accessibility", "Открыть Универсальный доступ"));
+    m_openInputMonitoring->setText(
+        localized(language(), "Open Input Monitoring", "Открыть Мониторинг ввода"));
+    m_reset->setText(localized(language(), "Reset Mivora permissions + request again",
                                "Сбросить разрешения Mivora и запросить снова"));
     m_resetNote->setText(localized(
-        language,
+        language(),
         "Clears old Mivora entries from Accessibility/Input Monitoring, then immediately sends fresh macOS "
         "permission requests.",
         "Удаляет старые записи Mivora из Универсального доступа и Мониторинга ввода, затем сразу отправляет "

@@ -1,32 +1,29 @@
 #pragma once
 
-#include <QWidget>
+#include "shell/settings/views/SettingsPageWidget.h"
 
-class MivoraAppState;
 class PermissionController;
 class QLabel;
 class QPushButton;
+class SettingsRow;
 
 // The Permissions page: a badge for each grant and the buttons that refresh, request, open the settings of
 // each grant and reset them. The grants are read again each time the page appears.
-class PermissionsSettingsPage : public QWidget {
+class PermissionsSettingsPage : public SettingsPageWidget {
     Q_OBJECT
 public:
     PermissionsSettingsPage(MivoraAppState& appState, PermissionController& permissions,
                             QWidget* parent = nullptr);
 
 protected:
+    void refresh() override;
     void showEvent(QShowEvent* event) override;
 
 private:
-    void refresh();
-    void showBadge(QLabel* icon, QLabel* text, bool granted);
+    void showBadge(SettingsRow* row, bool granted);
 
-    MivoraAppState& m_appState;
     PermissionController& m_permissions;
-    QLabel* m_rowTitles[2] = {};
-    QLabel* m_badgeIcons[2] = {};
-    QLabel* m_badgeTexts[2] = {};
+    SettingsRow* m_grants[2] = {};
     QPushButton* m_refresh = nullptr;
     QPushButton* m_request = nullptr;
     QPushButton* m_openAccessibility = nullptr;

@@ -1,26 +1,26 @@
 #pragma once
 
-#include <QWidget>
+#include "shell/settings/views/SettingsPageWidget.h"
 
 class AppUpdateManager;
-class MivoraAppState;
-class QCheckBox;
 class QLabel;
 class QPushButton;
+class SettingsCard;
+class SettingsRow;
 class UpdatesSettingsModel;
 
 // The Updates page: the status of the last check with its message, the version rows, the release notes,
 // the check and install buttons, and the two switches of automatic checks and notifications.
-class UpdatesSettingsPage : public QWidget {
+class UpdatesSettingsPage : public SettingsPageWidget {
     Q_OBJECT
 public:
     UpdatesSettingsPage(MivoraAppState& appState, AppUpdateManager& updates, const QString& currentVersion,
                         QWidget* parent = nullptr);
 
-private:
-    void refresh();
+protected:
+    void refresh() override;
 
-    MivoraAppState& m_appState;
+private:
     UpdatesSettingsModel* m_model = nullptr;
     QLabel* m_heading = nullptr;
     QLabel* m_statusIcon = nullptr;
@@ -28,13 +28,12 @@ private:
     QLabel* m_message = nullptr;
     QPushButton* m_installShort = nullptr;
     QPushButton* m_check = nullptr;
-    QLabel* m_rowLabels[3] = {};
-    QLabel* m_rowValues[3] = {};
-    QLabel* m_notesTitle = nullptr;
+    SettingsRow* m_versionRows[3] = {};
+    QLabel* m_notesHeading = nullptr;
+    SettingsCard* m_notesCard = nullptr;
     QLabel* m_notes = nullptr;
     QPushButton* m_install = nullptr;
-    QCheckBox* m_automatic = nullptr;
-    QCheckBox* m_notifications = nullptr;
+    SettingsRow* m_automatic = nullptr;
+    SettingsRow* m_notifications = nullptr;
     QLabel* m_note = nullptr;
-    bool m_refreshing = false;
 };

@@ -1,0 +1,47 @@
+#include "shell/settings/views/SettingsPageFactory.h"
+
+#include "net/DeploymentConfiguration.h"
+#include "shell/settings/SettingsPageServices.h"
+#include "shell/settings/views/AIReplySettingsView.h"
+#include "shell/settings/views/ActionsSettingsView.h"
+#include "shell/settings/views/ClipboardSettingsPage.h"
+#include "shell/settings/views/LayoutSettingsPage.h"
+#include "shell/settings/views/PermissionsSettingsPage.h"
+#include "shell/settings/views/QuickMenuSettingsView.h"
+#include "shell/settings/views/ShortcutsSettingsView.h"
+#include "shell/settings/views/StylesSettingsView.h"
+#include "shell/settings/views/UpdatesSettingsPage.h"
+
+QWidget* SettingsPageFactory::make(SettingsPage page, MivoraAppState& appState,
+                                   const SettingsPageServices& services)
+{
+    switch (page) {
+    case SettingsPage::general:
+        return nullptr;
+    case SettingsPage::actions:
+        return new ActionsSettingsView(appState);
+    case SettingsPage::styles:
+        return new StylesSettingsView(appState, services.hotkeys);
+    case SettingsPage::aiReply:
+        return new AIReplySettingsView(appState, services.hotkeys);
+    case SettingsPage::quickMenu:
+        return new QuickMenuSettingsView(appState, services.hotkeys);
+    case SettingsPage::shortcuts:
+        return new ShortcutsSettingsView(appState, services.hotkeys, services.offersBuiltInDisplay);
+    // The pages below need their service; without it the window shows the placeholder.
+    case SettingsPage::clipboard:
+        return services.clipboardHistory ? new ClipboardSettingsPage(appState, *services.clipboardHistory)
+                                         : nullptr;
+    case SettingsPage::layout:
+        return services.keyboardLayout ? new LayoutSettingsPage(appState, *services.keyboardLayout,
+                                                                services.applications, services.hotkeys)
+                                       : nullptr;
+    case SettingsPage::permissions:
+        return services.permissions ? new PermissionsSettingsPage(appState, *services.permissions) : nullptr;
+    case SettingsPage::updates:
+        return services.updates ? new UpdatesSettingsPage(appState, *services.updates,
+                                                          DeploymentConfiguration::builtIn().currentVersion)
+                                : nullptr;
+    }
+    return nullptr;
+}

@@ -1,0 +1,48 @@
+#include "shell/settings/views/SettingsRow.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+SettingsRow::SettingsRow(QWidget* control, QWidget* parent) : QWidget(parent), m_control(control)
+{
+    m_title = new QLabel(this);
+    m_title->setWordWrap(true);
+    m_subtitle = new QLabel(this);
+    m_subtitle->setWordWrap(true);
+    QFont small = m_subtitle->font();
+    small.setPointSizeF(small.pointSizeF() * 0.88);
+    m_subtitle->setFont(small);
+    m_subtitle->setForegroundRole(QPalette::PlaceholderText);
+    m_subtitle->hide();
+
+    auto* texts = new QVBoxLayout;
+    texts->setContentsMargins(0, 0, 0, 0);
+    texts->setSpacing(2);
+    texts->addWidget(m_title);
+    texts->addWidget(m_subtitle);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(12);
+    layout->addLayout(texts, 1);
+    if (control) {
+        layout->addWidget(control, 0, Qt::AlignRight | Qt::AlignVCenter);
+    }
+}
+
+void SettingsRow::setTitle(const QString& title)
+{
+    m_title->setText(title);
+}
+
+void SettingsRow::setSubtitle(const QString& subtitle)
+{
+    m_subtitle->setText(subtitle);
+    m_subtitle->setVisible(!subtitle.isEmpty());
+}
+
+void SettingsRow::setTitleWidth(int minimum, int maximum)
+{
+    m_title->setMinimumWidth(minimum);
+    m_title->setMaximumWidth(maximum);
+}
