@@ -50,6 +50,20 @@ TEST_F(SettingsPageModelsTest, KeptDaysShowForeverInTheInterfaceLanguageAndANumb
     EXPECT_EQ(clipboard.daysText(), QStringLiteral("7"));
 }
 
+TEST_F(SettingsPageModelsTest, PutBackPlacesTheItemOnTheClipboardAndReportsPasted)
+{
+    history.record(QStringLiteral("first text"));
+    history.record(QStringLiteral("second text"));
+    clipboard.putBack(history.items().last().id);
+    EXPECT_EQ(pasteboard.text(), QStringLiteral("first text"));
+    EXPECT_EQ(state.status(), ActionStatus::done(QStringLiteral("Pasted")));
+    // An item gone meanwhile puts nothing back.
+    clipboard.remove(history.items().last().id);
+    clipboard.putBack(QStringLiteral("gone"));
+    EXPECT_EQ(history.items().size(), 1);
+    EXPECT_EQ(pasteboard.text(), QStringLiteral("first text"));
+}
+
 TEST_F(SettingsPageModelsTest, DetectOffersThePlatformLayoutsAndAssignsBothInTwoSaves)
 {
     sources.addSource(FakeInputSourceProvider::layout("Ukrainian", "ua", u"й"));
