@@ -8,7 +8,7 @@ packages=(
     cmake ninja-build g++ pkg-config ccache
     qt6-base-dev qcoro-qt6-dev
     libgtest-dev libgmock-dev libbenchmark-dev
-    libx11-dev libxtst-dev libxfixes-dev libxrandr-dev libx11-xcb-dev libxcb1-dev
+    libx11-dev libxtst-dev libxfixes-dev libxrandr-dev libxres-dev libx11-xcb-dev libxcb1-dev
     libxkbcommon-dev libxkbcommon-x11-dev
     libatspi2.0-dev libexttextcat-dev libglib2.0-dev
     xvfb xauth openbox xclip xdotool wmctrl x11-xkb-utils trayer x11-utils

@@ -77,7 +77,7 @@ QCoro::Task<ActionRunner::Input> ActionRunner::readInput(const Run& run)
         co_return input;
     }
     // A quiet run tries the accessibility interface first and a quick copy only when that gives nothing.
-    const QString accessible = exchange.selectedTextForLayout();
+    const QString accessible = co_await exchange.selectedTextForLayout();
     if (!accessible.trimmed().isEmpty()) {
         input.text = accessible;
         input.readByAccessibility = true;

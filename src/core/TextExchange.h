@@ -11,8 +11,9 @@ class TextExchange {
 public:
     virtual ~TextExchange() = default;
 
-    // The focused selection read through accessibility; empty when there is none or no access. GUI thread.
-    virtual QString selectedTextForLayout() = 0;
+    // The focused selection read without sending keys or touching the clipboard (accessibility, or the
+    // selection the windowing system keeps); empty when there is none. GUI thread; suspends.
+    virtual QCoro::Task<QString> selectedTextForLayout() = 0;
     // Copies the selection out of the frontmost application, restoring the clipboard afterwards. GUI thread;
     // suspends. Throws MivoraError with the user-facing text.
     virtual QCoro::Task<QString> readSelectedTextTransient(bool selectAllBeforeCopy,

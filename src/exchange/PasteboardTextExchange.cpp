@@ -1,11 +1,11 @@
 #include "exchange/PasteboardTextExchange.h"
 
-#include "exchange/AccessibilityTextReader.h"
 #include "exchange/PasteboardService.h"
+#include "exchange/QuietSelectionReader.h"
 
-QString PasteboardTextExchange::selectedTextForLayout()
+QCoro::Task<QString> PasteboardTextExchange::selectedTextForLayout()
 {
-    return m_reader.selectedTextForLayout();
+    co_return co_await m_reader.selectedTextForLayout();
 }
 
 QCoro::Task<QString> PasteboardTextExchange::readSelectedTextTransient(bool selectAllBeforeCopy,

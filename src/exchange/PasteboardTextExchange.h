@@ -2,18 +2,18 @@
 
 #include "core/TextExchange.h"
 
-class AccessibilityTextReader;
 class PasteboardService;
+class QuietSelectionReader;
 
-// The action runner's view of the exchange with other applications: the accessibility reader and the
-// clipboard routes behind one seam.
+// The action runner's view of the exchange with other applications: the quiet reader and the clipboard
+// routes behind one seam.
 class PasteboardTextExchange : public TextExchange {
 public:
-    PasteboardTextExchange(PasteboardService& pasteboard, AccessibilityTextReader& reader)
+    PasteboardTextExchange(PasteboardService& pasteboard, QuietSelectionReader& reader)
         : m_pasteboard(pasteboard), m_reader(reader)
     {}
 
-    QString selectedTextForLayout() override;
+    QCoro::Task<QString> selectedTextForLayout() override;
     QCoro::Task<QString> readSelectedTextTransient(bool selectAllBeforeCopy, bool includeFocusedTextFallback,
                                                    PasteboardTiming timing) override;
     QCoro::Task<> pasteTransient(QString text, std::optional<QString> targetBundleIdentifier,
@@ -22,5 +22,5 @@ public:
 
 private:
     PasteboardService& m_pasteboard;
-    AccessibilityTextReader& m_reader;
+    QuietSelectionReader& m_reader;
 };

@@ -2,8 +2,8 @@
 
 #include "core/MivoraAppState.h"
 #include "core/TextExchange.h"
-#include "exchange/AccessibilityTextReader.h"
 #include "exchange/FocusService.h"
+#include "exchange/QuietSelectionReader.h"
 #include "hotkeys/HotkeyPanelTargets.h"
 #include "hotkeys/HotkeyServiceError.h"
 #include "hotkeys/HotkeyWindowTargets.h"
@@ -248,7 +248,7 @@ QCoro::Task<> HotkeyService::showAssistant()
 {
     rememberTarget();
     QPointer<HotkeyService> self(this);
-    const QString context = m_services.reader.selectedText();
+    const QString context = co_await m_services.reader.selectedText();
     if (self) {
         m_services.panels.showAssistant(context);
     }
@@ -269,7 +269,10 @@ QCoro::Task<> HotkeyService::showReply(QString styleId)
     }
     rememberTarget();
     QPointer<HotkeyService> self(this);
-    QString text = m_services.reader.selectedText();
+    QString text = co_await m_services.reader.selectedText();
+    if (!self) {
+        co_return;
+    }
     if (text.trimmed().isEmpty()) {
         try {
             text = co_await m_services.exchange.readSelectedTextTransient(false, false,

@@ -9,7 +9,7 @@
 #include <QSet>
 #include <qcoro/qcorotask.h>
 
-class AccessibilityTextReader;
+class QuietSelectionReader;
 class ApplicationWorkspace;
 class FocusService;
 class GlobalHotkeyRegistrar;
@@ -27,7 +27,7 @@ public:
         GlobalHotkeyRegistrar& registrar;
         ApplicationWorkspace& workspace;
         FocusService& focus;
-        AccessibilityTextReader& reader;
+        QuietSelectionReader& reader;
         TextExchange& exchange;
         HotkeyPanelTargets& panels;
         HotkeyWindowTargets& windows;

@@ -14,6 +14,7 @@ class LanguageRecognizer;
 class ModifierKeyState;
 class Pasteboard;
 class PermissionProbe;
+class PrimarySelection;
 class ProcessRunner;
 class SyntheticKeyboard;
 class SystemSurfaceSignals;
@@ -43,6 +44,8 @@ public:
     // Null where the platform has no updater framework; the update button then opens the download page.
     std::unique_ptr<Updater> updater;
     std::unique_ptr<Pasteboard> pasteboard;
+    // Uses the pasteboard on platforms where both are one mechanism, so it is destroyed first.
+    std::unique_ptr<PrimarySelection> primarySelection;
     std::unique_ptr<ApplicationWorkspace> workspace;
     // The installed applications, for choosing one in the settings.
     std::unique_ptr<ApplicationCatalog> applications;

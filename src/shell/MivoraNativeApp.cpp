@@ -11,6 +11,7 @@
 #include "exchange/PasteboardTextExchange.h"
 #include "exchange/PermissionController.h"
 #include "exchange/PermissionService.h"
+#include "exchange/QuietSelectionReader.h"
 #include "hotkeys/HotkeyService.h"
 #include "net/DeploymentConfiguration.h"
 #include "panels/StatusHUDController.h"
@@ -23,6 +24,7 @@
 #include "platform/ModifierKeyState.h"
 #include "platform/Pasteboard.h"
 #include "platform/PermissionProbe.h"
+#include "platform/PrimarySelection.h"
 #include "platform/ProcessRunner.h"
 #include "platform/SyntheticKeyboard.h"
 #include "platform/SystemSurfaceSignals.h"
@@ -68,7 +70,8 @@ MivoraNativeApp::MivoraNativeApp(const Views& views, QObject* parent)
     m_pasteboardService = std::make_unique<PasteboardService>(PasteboardService::Services{
         *m_clock, *m_platform.pasteboard, *m_clipboardHistory, *m_focus, *m_reader, *m_platform.workspace,
         *m_platform.keyboard, *m_platform.modifiers, *m_platform.permissions});
-    m_exchange = std::make_unique<PasteboardTextExchange>(*m_pasteboardService, *m_reader);
+    m_quietReader = std::make_unique<QuietSelectionReader>(*m_reader, *m_focus, *m_platform.primarySelection);
+    m_exchange = std::make_unique<PasteboardTextExchange>(*m_pasteboardService, *m_quietReader);
     m_appState = std::make_unique<MivoraAppState>(
         MivoraAppState::Services{*m_clock, *m_settingsStore, *m_keyboardLayout, m_core->actions(),
                                  *m_exchange, m_platform.surfaceSignals.get()});
@@ -79,7 +82,7 @@ MivoraNativeApp::MivoraNativeApp(const Views& views, QObject* parent)
     m_panels = std::make_unique<PendingPanelTargets>();
     m_windows = std::make_unique<PendingWindowTargets>();
     m_hotkeys = std::make_unique<HotkeyService>(
-        HotkeyService::Services{*m_platform.hotkeyRegistrar, *m_platform.workspace, *m_focus, *m_reader,
+        HotkeyService::Services{*m_platform.hotkeyRegistrar, *m_platform.workspace, *m_focus, *m_quietReader,
                                 *m_exchange, *m_panels, *m_windows});
     m_updateManager = std::make_unique<AppUpdateManager>(
         std::make_unique<AppUpdateClient>(*m_network, deployment, *m_clock), *m_defaults, *m_clock,

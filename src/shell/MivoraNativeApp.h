@@ -30,6 +30,7 @@ class PendingWindowTargets;
 class PermissionController;
 class PermissionService;
 class QNetworkAccessManager;
+class QuietSelectionReader;
 class StatusHUDController;
 class StatusHUDSurface;
 class TraySurface;
@@ -84,6 +85,7 @@ private:
     std::unique_ptr<ClipboardHistoryService> m_clipboardHistory;
     std::unique_ptr<FocusService> m_focus;
     std::unique_ptr<AccessibilityTextReader> m_reader;
+    std::unique_ptr<QuietSelectionReader> m_quietReader;
     std::unique_ptr<PasteboardService> m_pasteboardService;
     std::unique_ptr<PasteboardTextExchange> m_exchange;
     std::unique_ptr<MivoraAppState> m_appState;

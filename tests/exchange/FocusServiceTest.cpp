@@ -1,4 +1,7 @@
+#include "AwaitTask.h"
 #include "ExchangeHarness.h"
+#include "FakePrimarySelection.h"
+#include "exchange/QuietSelectionReader.h"
 
 namespace {
 
@@ -206,6 +209,27 @@ TEST_F(FocusServiceTest, ASearchHitIsTheWholeAnswerAndLayoutReadingLeavesItToThe
     tree.set(native, QStringLiteral("AXSelectedText"), QStringLiteral("native"));
     tree.set(application, QStringLiteral("AXFocusedUIElement"), native);
     EXPECT_EQ(reader.selectedTextForLayout(), QStringLiteral("native"));
+}
+
+TEST_F(FocusServiceTest, TheQuietReadTakesTheTargetsOwnPrimarySelectionOnlyWhenAccessibilityHasNothing)
+{
+    FakePrimarySelection primary;
+    QuietSelectionReader quiet(reader, focus, primary);
+    buildBrowser();
+    const AccessibilityElement editor = webEditor({0, 800, 600, 60});
+    tree.set(editor, QStringLiteral("AXSelectedText"), QStringLiteral("picked"));
+    tree.set(application, QStringLiteral("AXFocusedUIElement"), editor);
+    primary.owner = target;
+    primary.text = QStringLiteral("from primary");
+
+    // Accessibility answers: the other route is never asked.
+    EXPECT_EQ(AwaitTask::run(quiet.selectedText()), QStringLiteral("picked"));
+    EXPECT_EQ(primary.reads, 0);
+    // Browser content gives the layout fix nothing through accessibility; the target's own selection does.
+    EXPECT_EQ(AwaitTask::run(quiet.selectedTextForLayout()), QStringLiteral("from primary"));
+    // Held by another program, it is not what the user selected here.
+    primary.owner = target + 1;
+    EXPECT_EQ(AwaitTask::run(quiet.selectedTextForLayout()), QString());
 }
 
 } // namespace

@@ -36,7 +36,8 @@ public:
     QList<PasteCall> pastes;
     QStringList replacements;
 
-    QString selectedTextForLayout() override { return accessibleSelection; }
+    // A copy: QCoro moves from an lvalue in co_return, which would empty the member.
+    QCoro::Task<QString> selectedTextForLayout() override { co_return QString(accessibleSelection); }
 
     QCoro::Task<QString> readSelectedTextTransient(bool selectAllBeforeCopy, bool includeFocusedTextFallback,
                                                    PasteboardTiming timing) override

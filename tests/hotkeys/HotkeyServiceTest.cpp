@@ -4,8 +4,10 @@
 #include "FakeAccessibilityTree.h"
 #include "FakeApplicationWorkspace.h"
 #include "FakeHotkeyRegistrar.h"
+#include "FakePrimarySelection.h"
 #include "exchange/AccessibilityTextReader.h"
 #include "exchange/FocusService.h"
+#include "exchange/QuietSelectionReader.h"
 #include "hotkeys/HotkeyPanelTargets.h"
 #include "hotkeys/HotkeyWindowTargets.h"
 #include "hotkeys/ParsedHotkey.h"
@@ -73,10 +75,12 @@ protected:
     FakeAccessibilityTree tree;
     FocusService focus{workspace, tree};
     AccessibilityTextReader reader{focus, workspace, tree};
+    FakePrimarySelection primary;
+    QuietSelectionReader quiet{reader, focus, primary};
     FakeHotkeyRegistrar registrar;
     RecordingPanels panels;
     RecordingWindows windows;
-    HotkeyService service{{registrar, workspace, focus, reader, exchange, panels, windows}};
+    HotkeyService service{{registrar, workspace, focus, quiet, exchange, panels, windows}};
 };
 
 TEST_F(HotkeyServiceTest, DefaultsRegisterInPriorityOrderWithoutGaps)
@@ -157,7 +161,7 @@ TEST_F(HotkeyServiceTest, TilingRowsAreLenientWhileMainRowsAreNot)
 
     FakeHotkeyRegistrar broken;
     broken.failInstallWith(-9);
-    HotkeyService other({broken, workspace, focus, reader, exchange, panels, windows});
+    HotkeyService other({broken, workspace, focus, quiet, exchange, panels, windows});
     other.start(state);
     EXPECT_EQ(state.status(), ActionStatus::failed("Could not install hotkey handler: -9"));
 }

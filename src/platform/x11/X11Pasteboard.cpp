@@ -126,11 +126,11 @@ struct X11Pasteboard::Private {
 
     Window currentOwner() const { return XGetSelectionOwner(display, clipboard); }
     std::optional<Property> takeProperty(Window target, Atom property);
-    QCoro::Task<std::optional<QByteArray>> convert(Atom target);
+    QCoro::Task<std::optional<QByteArray>> convert(Atom target, Atom selection);
     QCoro::Task<std::optional<QByteArray>> receiveIncrementally(Atom property);
-    QCoro::Task<std::optional<QByteArray>> read(QString type);
+    QCoro::Task<std::optional<QByteArray>> read(QString type, Atom selection);
     QCoro::Task<std::optional<QStringList>> readTypes();
-    QCoro::Task<std::optional<QString>> readString();
+    QCoro::Task<std::optional<QString>> readString(Atom selection);
     QCoro::Task<PasteboardSnapshot> readSnapshot();
 
     void own(QList<SavedPasteboardValue> values);
@@ -256,13 +256,12 @@ std::optional<Property> X11Pasteboard::Private::takeProperty(Window target, Atom
     return result;
 }
 
-QCoro::Task<std::optional<QByteArray>> X11Pasteboard::Private::convert(Atom target)
+QCoro::Task<std::optional<QByteArray>> X11Pasteboard::Private::convert(Atom target, Atom selection)
 {
     const std::weak_ptr<int> alive = lifetime;
     const Atom property = atom(QStringLiteral("MIVORA_SELECTION_%1").arg(nextConversionProperty));
     nextConversionProperty = (nextConversionProperty + 1) % conversionPropertyCount;
     const Window self = window.get();
-    const Atom selection = clipboard;
     XDeleteProperty(display, self, property);
     XConvertSelection(display, selection, target, property, self, CurrentTime);
     XFlush(display);
@@ -318,13 +317,14 @@ QCoro::Task<std::optional<QByteArray>> X11Pasteboard::Private::receiveIncrementa
     }
 }
 
-QCoro::Task<std::optional<QByteArray>> X11Pasteboard::Private::read(QString type)
+QCoro::Task<std::optional<QByteArray>> X11Pasteboard::Private::read(QString type, Atom selection)
 {
-    const Window owner = currentOwner();
+    const Window owner = XGetSelectionOwner(display, selection);
     if (owner == None) {
         co_return std::nullopt;
     }
-    if (owner == window.get()) {
+    // Only the clipboard is ever served by this object; any other selection is some other client's.
+    if (owner == window.get() && selection == clipboard) {
         if (owned) {
             for (const SavedPasteboardValue& value : owned->values) {
                 if (value.type == type) {
@@ -334,7 +334,7 @@ QCoro::Task<std::optional<QByteArray>> X11Pasteboard::Private::read(QString type
         }
         co_return std::nullopt;
     }
-    co_return co_await convert(atom(type));
+    co_return co_await convert(atom(type), selection);
 }
 
 QCoro::Task<std::optional<QStringList>> X11Pasteboard::Private::readTypes()
@@ -351,23 +351,23 @@ QCoro::Task<std::optional<QStringList>> X11Pasteboard::Private::readTypes()
         }
         co_return names;
     }
-    const std::optional<QByteArray> packed = co_await convert(targets);
+    const std::optional<QByteArray> packed = co_await convert(targets, clipboard);
     if (!packed || alive.expired()) {
         co_return QStringList();
     }
     co_return atomNamesOf(*packed);
 }
 
-QCoro::Task<std::optional<QString>> X11Pasteboard::Private::readString()
+QCoro::Task<std::optional<QString>> X11Pasteboard::Private::readString(Atom selection)
 {
     const std::weak_ptr<int> alive = lifetime;
-    if (const std::optional<QByteArray> utf8 = co_await read(QStringLiteral("UTF8_STRING"))) {
+    if (const std::optional<QByteArray> utf8 = co_await read(QStringLiteral("UTF8_STRING"), selection)) {
         co_return QString::fromUtf8(*utf8);
     }
     if (alive.expired()) {
         co_return std::nullopt;
     }
-    if (const std::optional<QByteArray> latin1 = co_await read(QStringLiteral("STRING"))) {
+    if (const std::optional<QByteArray> latin1 = co_await read(QStringLiteral("STRING"), selection)) {
         co_return QString::fromLatin1(*latin1);
     }
     co_return std::nullopt;
@@ -389,7 +389,7 @@ QCoro::Task<PasteboardSnapshot> X11Pasteboard::Private::readSnapshot()
         if (metaTargets().contains(type)) {
             continue;
         }
-        if (std::optional<QByteArray> bytes = co_await read(type)) {
+        if (std::optional<QByteArray> bytes = co_await read(type, clipboard)) {
             item.values.append({type, std::move(*bytes)});
         }
     }
@@ -602,7 +602,7 @@ QCoro::Task<std::optional<QByteArray>> X11Pasteboard::data(QString type)
     if (!isConnected()) {
         co_return std::nullopt;
     }
-    co_return co_await d->read(std::move(type));
+    co_return co_await d->read(std::move(type), d->clipboard);
 }
 
 QCoro::Task<std::optional<QString>> X11Pasteboard::string()
@@ -610,7 +610,20 @@ QCoro::Task<std::optional<QString>> X11Pasteboard::string()
     if (!isConnected()) {
         co_return std::nullopt;
     }
-    co_return co_await d->readString();
+    co_return co_await d->readString(d->clipboard);
+}
+
+unsigned long X11Pasteboard::primaryOwner() const
+{
+    return isConnected() ? XGetSelectionOwner(d->display, XA_PRIMARY) : None;
+}
+
+QCoro::Task<std::optional<QString>> X11Pasteboard::primaryString()
+{
+    if (!isConnected()) {
+        co_return std::nullopt;
+    }
+    co_return co_await d->readString(XA_PRIMARY);
 }
 
 QCoro::Task<PasteboardSnapshot> X11Pasteboard::snapshot()

@@ -40,6 +40,13 @@ public:
     void clear() override;
     void writeString(const QString& text) override;
 
+    // The window that owns the PRIMARY selection (what the user last selected anywhere), or 0. Blocks for
+    // one round trip.
+    unsigned long primaryOwner() const;
+    // The PRIMARY selection's text as its owner serves it, within readTimeout; nullopt when nobody owns it
+    // or it offers no text. Awaitable.
+    QCoro::Task<std::optional<QString>> primaryString();
+
 private:
     struct Private;
     std::unique_ptr<Private> d;

@@ -10,6 +10,7 @@
 #include "platform/Pasteboard.h"
 #include "platform/PermissionProbe.h"
 #include "platform/PlatformServices.h"
+#include "platform/PrimarySelection.h"
 #include "platform/ProcessRunner.h"
 #include "platform/SyntheticKeyboard.h"
 #include "platform/SystemSurfaceSignals.h"
@@ -31,6 +32,7 @@
 #include "platform/x11/X11ModifierKeyState.h"
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11PermissionProbe.h"
+#include "platform/x11/X11PrimarySelection.h"
 #include "platform/x11/X11SyntheticKeyboard.h"
 #include "platform/x11/XdgApplicationCatalog.h"
 
@@ -58,7 +60,9 @@ PlatformServices PlatformServices::create(Clock& clock)
     services.inputSources = std::make_unique<X11InputSources>();
     services.languageRecognizer = std::make_unique<TextcatLanguageRecognizer>();
     services.urlOpener = std::make_unique<DesktopUrlOpener>();
-    services.pasteboard = std::make_unique<X11Pasteboard>(pump);
+    auto pasteboard = std::make_unique<X11Pasteboard>(pump);
+    services.primarySelection = std::make_unique<X11PrimarySelection>(display, *pasteboard);
+    services.pasteboard = std::move(pasteboard);
     auto workspace = std::make_unique<X11ApplicationWorkspace>(pump);
     ApplicationWorkspace* workspaceView = workspace.get();
     services.workspace = std::move(workspace);
