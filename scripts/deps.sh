@@ -10,7 +10,7 @@ packages=(
     libgtest-dev libgmock-dev libbenchmark-dev
     libx11-dev libxtst-dev libxfixes-dev libxrandr-dev libxres-dev libx11-xcb-dev libxcb1-dev
     libxkbcommon-dev libxkbcommon-x11-dev
-    libatspi2.0-dev libexttextcat-dev
+    libatspi2.0-dev libexttextcat-dev libglib2.0-dev
     xvfb xauth openbox xclip xdotool wmctrl x11-xkb-utils trayer x11-utils
     dbus at-spi2-core
     "$@"

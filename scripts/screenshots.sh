@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Renders the main window (General page and the other pages built so far), the tray menu and the status
-# overlay in English and Russian on a private X server with a tray host, into docs/screenshots/. Needs a debug build (scripts/test.sh makes one).
+# Renders the main window (the General page and every other page), the tray menu and the status overlay in
+# English and Russian on a private X server with a tray host, into docs/screenshots/. Needs a debug build
+# (scripts/test.sh makes one).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/deps.sh
@@ -56,6 +57,60 @@ shoot() {
     rm -rf "$home"
 }
 
+# The Clipboard, Layout, Permissions and Updates pages of the main window, each picked in the sidebar. The
+# private home holds two clipboard items, two per-application rules, and an update server on the loopback
+# interface that offers a newer version, so every part of those pages shows.
+shoot_pages() {
+    local language=$1
+    local home
+    home=$(mktemp -d)
+    export HOME=$home/home XDG_CONFIG_HOME=$home/config XDG_DATA_HOME=$home/data XDG_RUNTIME_DIR=$home/run
+    mkdir -p "$HOME" "$XDG_CONFIG_HOME/MivoraAI" "$XDG_DATA_HOME/applications" "$XDG_RUNTIME_DIR" \
+        "$home/server/macos/app"
+    chmod 700 "$XDG_RUNTIME_DIR"
+    printf '{"ok":true,"update_available":true,"latest_version":"1.4.0","latest_build":140,"download_url":"https://example.com/mivora.deb","release_notes":{"en":"Faster layout fix.\\nClipboard history with put-back.","ru":"Быстрее исправление раскладки.\\nИстория буфера с возвратом."}}' \
+        >"$home/server/macos/app/version"
+    (cd "$home/server" && exec python3 -m http.server 8765 --bind 127.0.0.1) >/dev/null 2>&1 &
+    local server=$!
+    for _ in $(seq 50); do
+        (exec 3<>/dev/tcp/127.0.0.1/8765) 2>/dev/null && break
+        sleep 0.1
+    done
+    local now
+    now=$(( $(date +%s) - 978307200 ))
+    cat >"$XDG_CONFIG_HOME/MivoraAI/mivora.conf" <<CONF
+[General]
+mivora.uiLanguage=$language
+mivora.updates.baseURL=http://127.0.0.1:8765
+mivora.updates.automaticChecksEnabled=true
+mivora.updates.notificationsEnabled=false
+mivora.appLayoutSwitching.enabled=true
+mivora.appLayoutSwitching.rules="@ByteArray([{\"id\":\"6f1c1d8e-4a43-4d55-9a57-0d1c6f1e2a01\",\"bundleIdentifier\":\"Vim\",\"appName\":\"Vim\",\"appPath\":\"/usr/share/applications/vim.desktop\",\"layoutName\":\"English (US)\",\"isEnabled\":true},{\"id\":\"6f1c1d8e-4a43-4d55-9a57-0d1c6f1e2a02\",\"bundleIdentifier\":\"Openbox\",\"appName\":\"Openbox\",\"appPath\":\"/usr/share/applications/openbox.desktop\",\"layoutName\":\"Russian\",\"isEnabled\":false}])"
+mivora.clipboardItems.native="@ByteArray([{\"id\":\"1-1\",\"text\":\"Meeting moved to 15:30, room 4\",\"createdAt\":$now,\"chars\":30},{\"id\":\"1-2\",\"text\":\"https://example.com/report\",\"createdAt\":$now,\"chars\":26}])"
+CONF
+    setxkbmap -layout us,ru
+    "$binary" >/dev/null 2>&1 &
+    local app=$!
+    local window
+    for _ in $(seq 50); do
+        window=$(xdotool search --onlyvisible --name '^MivoraAI$' 2>/dev/null | head -1) && [ -n "$window" ] && break
+        sleep 0.1
+    done
+    sleep 1
+    xdotool windowsize "$window" 900 900
+    sleep 0.5
+    local page
+    for page in clipboard:5 layout:6 permissions:7 updates:9; do
+        # Sidebar rows are 34 pixels high below an 8-pixel margin.
+        xdotool mousemove --window "$window" 110 $((8 + 34 * ${page#*:} + 17)) click 1
+        sleep 0.5
+        import -window "$window" "docs/screenshots/page-${page%:*}-$language.png"
+    done
+    kill "$app" "$server"
+    wait "$app" "$server" 2>/dev/null || true
+    rm -rf "$home"
+}
+
 trayer --edge top --align right --widthtype request --height 24 --transparent false --tint 0x303030 \
     >/dev/null 2>&1 &
 tray=$!
@@ -63,4 +118,6 @@ sleep 1
 shoot en
 shoot ru
 kill "$tray"
+shoot_pages en
+shoot_pages ru
 echo "screenshots.sh: wrote docs/screenshots/"

@@ -219,3 +219,14 @@ QCoro::Task<bool> ClipboardHistoryService::isConcealed(Pasteboard& pasteboard, Q
     const std::optional<QByteArray> hint = co_await pasteboard.data(passwordManagerHintType());
     co_return hint.value_or(QByteArray()).trimmed() == "secret";
 }
+
+bool ClipboardHistoryService::putBack(const QString& id)
+{
+    for (const ClipboardHistoryItem& item : std::as_const(m_items)) {
+        if (item.id == id) {
+            m_pasteboard.writeString(item.text);
+            return true;
+        }
+    }
+    return false;
+}

@@ -60,6 +60,8 @@ public:
     const QList<ClipboardHistoryItem>& items() const { return m_items; }
     // Removes every item with this id and saves.
     void removeItem(const QString& id);
+    // Puts the text of the item with this id back on the clipboard; false when there is no such item.
+    bool putBack(const QString& id);
     void clearHistory() override;
     void pruneAndSave();
     void save();

@@ -3,6 +3,7 @@
 #include <memory>
 
 class AccessibilityTree;
+class ApplicationCatalog;
 class Clock;
 class FloatingWindowTraits;
 class ApplicationWorkspace;
@@ -46,6 +47,8 @@ public:
     // Uses the pasteboard on platforms where both are one mechanism, so it is destroyed first.
     std::unique_ptr<PrimarySelection> primarySelection;
     std::unique_ptr<ApplicationWorkspace> workspace;
+    // The installed applications, for choosing one in the settings.
+    std::unique_ptr<ApplicationCatalog> applications;
     std::unique_ptr<AccessibilityTree> accessibility;
     std::unique_ptr<SyntheticKeyboard> keyboard;
     std::unique_ptr<ModifierKeyState> modifiers;

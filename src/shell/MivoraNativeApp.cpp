@@ -104,6 +104,7 @@ void MivoraNativeApp::makeFace(const Views& views)
         pages.keyboardLayout = m_keyboardLayout.get();
         pages.workspace = m_platform.workspace.get();
         pages.inputSources = m_platform.inputSources.get();
+        pages.applications = m_platform.applications.get();
         m_mainWindow = views.makeMainWindow(
             *m_appState, pages,
             MainWindowHooks{[this] { return m_delegate->windowShouldClose(); },

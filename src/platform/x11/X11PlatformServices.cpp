@@ -1,4 +1,5 @@
 #include "platform/AccessibilityTree.h"
+#include "platform/ApplicationCatalog.h"
 #include "platform/ApplicationWorkspace.h"
 #include "platform/FloatingWindowTraits.h"
 #include "platform/GlobalHotkeyRegistrar.h"
@@ -33,6 +34,7 @@
 #include "platform/x11/X11PermissionProbe.h"
 #include "platform/x11/X11PrimarySelection.h"
 #include "platform/x11/X11SyntheticKeyboard.h"
+#include "platform/x11/XdgApplicationCatalog.h"
 
 struct PlatformServices::Shared {
     explicit Shared(Clock& clock) : pump(display.get(), clock) {}
@@ -64,6 +66,7 @@ PlatformServices PlatformServices::create(Clock& clock)
     auto workspace = std::make_unique<X11ApplicationWorkspace>(pump);
     ApplicationWorkspace* workspaceView = workspace.get();
     services.workspace = std::move(workspace);
+    services.applications = std::make_unique<XdgApplicationCatalog>(XdgApplicationCatalog::forCurrentUser());
     // Without an accessibility bus every accessible read is empty and the clipboard route serves alone.
     auto accessibility = std::make_unique<AtspiAccessibilityTree>();
     if (accessibility->isAvailable()) {

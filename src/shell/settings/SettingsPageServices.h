@@ -3,6 +3,7 @@
 #include <functional>
 
 class AppUpdateManager;
+class ApplicationCatalog;
 class ApplicationWorkspace;
 class ClipboardHistoryService;
 class GlobalHotkeySuspension;
@@ -20,6 +21,8 @@ struct SettingsPageServices {
     AppUpdateManager* updates = nullptr;
     KeyboardLayoutService* keyboardLayout = nullptr;
     ApplicationWorkspace* workspace = nullptr;
+    // The installed applications, offered by "Add application" on the Layout page.
+    ApplicationCatalog* applications = nullptr;
     InputSourceProvider* inputSources = nullptr;
     // True when a built-in display can be switched off, or one is off now; empty means never.
     std::function<bool()> offersBuiltInDisplay;

@@ -1,11 +1,16 @@
 #include "shell/settings/views/SettingsPageFactory.h"
 
+#include "net/DeploymentConfiguration.h"
 #include "shell/settings/SettingsPageServices.h"
 #include "shell/settings/views/AIReplySettingsView.h"
 #include "shell/settings/views/ActionsSettingsView.h"
+#include "shell/settings/views/ClipboardSettingsPage.h"
+#include "shell/settings/views/LayoutSettingsPage.h"
+#include "shell/settings/views/PermissionsSettingsPage.h"
 #include "shell/settings/views/QuickMenuSettingsView.h"
 #include "shell/settings/views/ShortcutsSettingsView.h"
 #include "shell/settings/views/StylesSettingsView.h"
+#include "shell/settings/views/UpdatesSettingsPage.h"
 
 QWidget* SettingsPageFactory::make(SettingsPage page, MivoraAppState& appState,
                                    const SettingsPageServices& services)
@@ -21,13 +26,23 @@ QWidget* SettingsPageFactory::make(SettingsPage page, MivoraAppState& appState,
         return new QuickMenuSettingsView(appState, services.hotkeys);
     case SettingsPage::shortcuts:
         return new ShortcutsSettingsView(appState, services.hotkeys, services.offersBuiltInDisplay);
-    // General is the shell's own; the rest are not built yet and the window shows a placeholder.
+    // General is the shell's own page, made by the main window.
     case SettingsPage::general:
-    case SettingsPage::clipboard:
-    case SettingsPage::layout:
-    case SettingsPage::permissions:
-    case SettingsPage::updates:
         return nullptr;
+    // The pages below need their service; without it the window shows the placeholder.
+    case SettingsPage::clipboard:
+        return services.clipboardHistory ? new ClipboardSettingsPage(appState, *services.clipboardHistory)
+                                         : nullptr;
+    case SettingsPage::layout:
+        return services.keyboardLayout ? new LayoutSettingsPage(appState, *services.keyboardLayout,
+                                                                services.applications, services.hotkeys)
+                                       : nullptr;
+    case SettingsPage::permissions:
+        return services.permissions ? new PermissionsSettingsPage(appState, *services.permissions) : nullptr;
+    case SettingsPage::updates:
+        return services.updates ? new UpdatesSettingsPage(appState, *services.updates,
+                                                          DeploymentConfiguration::builtIn().currentVersion)
+                                : nullptr;
     }
     return nullptr;
 }

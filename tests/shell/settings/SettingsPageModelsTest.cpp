@@ -1,0 +1,124 @@
+#include "AppStateHarness.h"
+#include "FakePasteboard.h"
+#include "clipboard/ClipboardHistoryService.h"
+#include "shell/settings/ClipboardSettingsModel.h"
+#include "shell/settings/LayoutSettingsModel.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class SettingsPageModelsTest : public AppStateHarness, public ::testing::Test {
+protected:
+    int limitAfterSteps(int stored, int direction, int steps)
+    {
+        configure([&](MivoraSettings& s) { s.clipboardLimit = stored; });
+        for (int i = 0; i < steps; ++i) {
+            clipboard.step(direction);
+        }
+        return state.settings().clipboardLimit;
+    }
+
+    FakePasteboard pasteboard;
+    ClipboardHistoryService history{pasteboard, clock, defaults};
+    ClipboardSettingsModel clipboard{state, history};
+    LayoutSettingsModel layouts{state, layout};
+};
+
+TEST_F(SettingsPageModelsTest, TheLimitStepsWithinTenToFiveHundredAndKeepsAStoredValueUntilStepped)
+{
+    // Loading accepts 1…1000; the stepper cannot reach 5 or 1000, yet shows and keeps them.
+    configure([](MivoraSettings& s) { s.clipboardLimit = 5; });
+    EXPECT_EQ(clipboard.limitText(), QStringLiteral("History limit: 5"));
+    EXPECT_FALSE(clipboard.canStep(-1));
+    EXPECT_EQ(limitAfterSteps(5, -1, 1), 5);
+    EXPECT_EQ(limitAfterSteps(5, +1, 1), 10);
+    EXPECT_EQ(limitAfterSteps(1000, +1, 1), 1000);
+    EXPECT_EQ(limitAfterSteps(1000, -1, 1), 500);
+    EXPECT_EQ(limitAfterSteps(11, -1, 3), 10);
+    EXPECT_EQ(limitAfterSteps(498, +1, 5), 500);
+    EXPECT_EQ(limitAfterSteps(100, +1, 1), 101);
+}
+
+TEST_F(SettingsPageModelsTest, KeptDaysShowForeverInTheInterfaceLanguageAndANumberAsStored)
+{
+    EXPECT_EQ(clipboard.daysText(), QStringLiteral("forever"));
+    configure([](MivoraSettings& s) { s.uiLanguage = UiLanguage::ru; });
+    EXPECT_EQ(clipboard.daysText(), QStringLiteral("всегда"));
+    EXPECT_EQ(clipboard.limitText(), QStringLiteral("Лимит истории: 100"));
+    configure([](MivoraSettings& s) { s.clipboardDays = QStringLiteral("7"); });
+    EXPECT_EQ(clipboard.daysText(), QStringLiteral("7"));
+}
+
+TEST_F(SettingsPageModelsTest, PutBackPlacesTheItemOnTheClipboardAndReportsPasted)
+{
+    history.record(QStringLiteral("first text"));
+    history.record(QStringLiteral("second text"));
+    clipboard.putBack(history.items().last().id);
+    EXPECT_EQ(pasteboard.text(), QStringLiteral("first text"));
+    EXPECT_EQ(state.status(), ActionStatus::done(QStringLiteral("Pasted")));
+    // An item gone meanwhile puts nothing back.
+    clipboard.remove(history.items().last().id);
+    clipboard.putBack(QStringLiteral("gone"));
+    EXPECT_EQ(history.items().size(), 1);
+    EXPECT_EQ(pasteboard.text(), QStringLiteral("first text"));
+}
+
+TEST_F(SettingsPageModelsTest, DetectOffersThePlatformLayoutsAndAssignsBothInTwoSaves)
+{
+    sources.addSource(FakeInputSourceProvider::layout("Ukrainian", "ua", u"й"));
+    sources.addSource(FakeInputSourceProvider::layout("English (US)", "us", u"q"));
+    configure([](MivoraSettings& s) {
+        s.layoutLatinSource = QStringLiteral("ABC");
+        s.layoutNativeSource = QStringLiteral("Русская — ПК");
+    });
+    int saves = 0;
+    QObject::connect(&state, &MivoraAppState::settingsChanged, [&] { ++saves; });
+
+    layouts.detect();
+
+    EXPECT_EQ(layouts.layoutNames(), (QStringList{"Ukrainian", "English (US)"}));
+    EXPECT_EQ(state.settings().layoutLatinSource, QStringLiteral("English (US)"));
+    EXPECT_EQ(state.settings().layoutNativeSource, QStringLiteral("Ukrainian"));
+    EXPECT_EQ(saves, 2);
+    // A stored name the platform lacks stays on offer, so showing it never changes it.
+    EXPECT_EQ(layouts.choicesShowing(QStringLiteral("Dvorak")),
+              (QStringList{"Dvorak", "Ukrainian", "English (US)"}));
+}
+
+TEST_F(SettingsPageModelsTest, AddingAnApplicationReplacesItsRuleInPlaceOrAppendsAndSwitchesRulesOn)
+{
+    sources.setCurrent(sources.addSource(FakeInputSourceProvider::layout("Russian", "ru", u"й")));
+    const AppLayoutRule first{QUuid::createUuid(), "Editor", "Editor", "/a/editor.desktop", "U.S.", false};
+    const AppLayoutRule second{QUuid::createUuid(), "Term", "Term", "/a/term.desktop", "U.S.", true};
+    configure([&](MivoraSettings& s) {
+        s.appLayoutRules = {first, second};
+        s.appLayoutSwitchingEnabled = false;
+    });
+
+    // Nothing chosen, or an entry without an identifier: nothing at all.
+    layouts.addApplication(std::nullopt);
+    layouts.addApplication(InstalledApplication{QString(), "Broken", QString(), "/a/broken.desktop"});
+    EXPECT_EQ(state.settings().appLayoutRules, (QList<AppLayoutRule>{first, second}));
+    EXPECT_FALSE(state.settings().appLayoutSwitchingEnabled);
+
+    layouts.addApplication(InstalledApplication{"Editor", "New Editor", "edit", "/b/editor.desktop"});
+    const QList<AppLayoutRule> replaced = state.settings().appLayoutRules;
+    ASSERT_EQ(replaced.size(), 2);
+    EXPECT_EQ(replaced[0].appName, QStringLiteral("New Editor"));
+    EXPECT_EQ(replaced[0].appPath, QStringLiteral("/b/editor.desktop"));
+    EXPECT_EQ(replaced[0].layoutName, QStringLiteral("Russian"));
+    EXPECT_TRUE(replaced[0].isEnabled);
+    EXPECT_EQ(replaced[1], second);
+    EXPECT_TRUE(state.settings().appLayoutSwitchingEnabled);
+
+    layouts.addApplication(InstalledApplication{"Viewer", "Viewer", QString(), "/a/viewer.desktop"});
+    ASSERT_EQ(state.settings().appLayoutRules.size(), 3);
+    EXPECT_EQ(state.settings().appLayoutRules[2].bundleIdentifier, QStringLiteral("Viewer"));
+
+    layouts.removeRule(first.id);
+    layouts.removeRule(replaced[0].id);
+    EXPECT_EQ(state.settings().appLayoutRules.size(), 2);
+}
+
+} // namespace
