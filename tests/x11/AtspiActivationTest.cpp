@@ -8,6 +8,7 @@
 #include "platform/x11/X11ApplicationWorkspace.h"
 #include "platform/x11/X11DisplayConnection.h"
 #include "platform/x11/X11EventPump.h"
+#include "platform/x11/X11PermissionProbe.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +17,8 @@ using namespace std::chrono_literals;
 // A desktop whose accessibility is off, as a fresh session without a screen reader is: a Qt application
 // started without QT_LINUX_ACCESSIBILITY_ALWAYS_ON keeps its tree to itself until this program turns the
 // switch on through the tree, the way the reply paste asks for an application's tree; one started after that
-// is read through the exchange's reader.
+// is read through the exchange's reader. The Accessibility grant follows the switch; Input Monitoring needs
+// only the server.
 TEST(AtspiActivationTest, TurningAccessibilityOnMakesAQtFieldStartedWithoutTheVariableReadable)
 {
     PrivateSessionBus bus;
@@ -25,6 +27,10 @@ TEST(AtspiActivationTest, TurningAccessibilityOnMakesAQtFieldStartedWithoutTheVa
     ASSERT_TRUE(tree.isAvailable());
     const AtspiBusActivation activation;
     ASSERT_EQ(activation.isEnabled(), false) << "the launcher must start with accessibility off";
+    X11DisplayConnection display;
+    X11PermissionProbe permissions(display.get());
+    EXPECT_FALSE(permissions.canReadAccessibilityTrees());
+    EXPECT_TRUE(permissions.isInputMonitoringGranted());
 
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"));
@@ -37,13 +43,13 @@ TEST(AtspiActivationTest, TurningAccessibilityOnMakesAQtFieldStartedWithoutTheVa
 
     EXPECT_TRUE(tree.setAttribute({}, QStringLiteral("AXManualAccessibility"), true));
     ASSERT_TRUE(spinUntil([&] { return activation.isEnabled() == true; }));
+    EXPECT_TRUE(permissions.canReadAccessibilityTrees());
 
     TestFieldProcess field;
     ASSERT_TRUE(field.start(QStringLiteral("MivoraShownField"), QStringLiteral("After"),
                             QStringLiteral("alpha beta gamma"), environment));
     ASSERT_TRUE(field.waitForFocus());
     ASSERT_TRUE(field.select(6, 4));
-    X11DisplayConnection display;
     EventLoopClock clock;
     X11EventPump pump(display.get(), clock);
     X11ApplicationWorkspace workspace(pump);
