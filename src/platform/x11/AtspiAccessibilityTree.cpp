@@ -3,8 +3,10 @@
 #include "AtspiFocusTracker.h"
 #include "AtspiObjectPtr.h"
 
+#include <QElapsedTimer>
 #include <QQueue>
 #include <QRectF>
+#include <functional>
 #include <initializer_list>
 
 namespace {
@@ -130,12 +132,13 @@ QString roleName(AtspiAccessible* object)
     }
 }
 
-QList<AccessibilityElement> children(AtspiAccessible* object)
+// The children in order; a bounded caller stops the listing early by answering false from goOn.
+QList<AccessibilityElement> children(AtspiAccessible* object, const std::function<bool()>& goOn = {})
 {
     QList<AccessibilityElement> result;
     CallError countError;
     const gint count = atspi_accessible_get_child_count(object, countError.out());
-    for (gint index = 0; !countError.failed() && index < count; ++index) {
+    for (gint index = 0; !countError.failed() && index < count && (!goOn || goOn()); ++index) {
         CallError error;
         if (AccessibilityElement child =
                 adopt(atspi_accessible_get_child_at_index(object, index, error.out()))) {
@@ -299,20 +302,28 @@ std::optional<QList<AccessibilityElement>> matches(AtspiAccessible* root, AtspiM
 
 // Breadth first through the active window, then the others; the first element in the focused state. The
 // last resort for a toolkit without the Collection search whose focus was gained before the tracker
-// started.
+// started. Bounded in elements reached and in time, since each costs the other application a call or
+// more (one window may hold thousands of children): past the bounds the read is empty and the caller takes
+// the clipboard route.
 AccessibilityElement walkToFocusedElement(AtspiAccessible* application)
 {
+    QElapsedTimer elapsed;
+    elapsed.start();
+    int reached = 0;
+    const std::function<bool()> withinBounds = [&] {
+        return reached++ < AtspiAccessibilityTree::focusSearchLimit &&
+               elapsed.elapsed() < AtspiAccessibilityTree::focusSearchBudget.count();
+    };
     QQueue<AccessibilityElement> queue;
-    if (const AccessibilityElement window = focusedWindow(application)) {
-        queue.enqueue(window);
-    }
     for (const AccessibilityElement& window : children(application)) {
-        queue.enqueue(window);
+        if (hasState(accessible(window), ATSPI_STATE_ACTIVE)) {
+            queue.prepend(window);
+        } else {
+            queue.enqueue(window);
+        }
     }
-    int visited = 0;
-    while (!queue.isEmpty() && visited < AtspiAccessibilityTree::focusSearchLimit) {
+    while (!queue.isEmpty() && withinBounds()) {
         AccessibilityElement element = queue.dequeue();
-        ++visited;
         const GObjectPtr<AtspiStateSet> set = states(accessible(element));
         if (!set) {
             continue;
@@ -323,28 +334,34 @@ AccessibilityElement walkToFocusedElement(AtspiAccessible* application)
         // Hidden subtrees hold no focus; containers that manage their descendants list them lazily.
         if (atspi_state_set_contains(set.get(), ATSPI_STATE_SHOWING) &&
             !atspi_state_set_contains(set.get(), ATSPI_STATE_MANAGES_DESCENDANTS)) {
-            for (const AccessibilityElement& child : children(accessible(element))) {
-                queue.enqueue(child);
-            }
+            queue.append(children(accessible(element), withinBounds));
         }
     }
     return {};
 }
 
-// The focus events' answer when it still holds, else the application's own search, else the walk.
-AccessibilityElement focusedElement(AtspiAccessible* application, const AtspiFocusTracker* tracker)
+// The focus events' answer when it still holds, else the application's own search, else the walk. What
+// the search or the walk finds is handed to the tracker, whose events tell when it loses the focus.
+AccessibilityElement focusedElement(AtspiAccessible* application, AtspiFocusTracker* tracker)
 {
+    const QByteArray busName = AtspiFocusTracker::busName(application);
     if (tracker != nullptr) {
-        const AccessibilityElement known = tracker->focusedElement(AtspiFocusTracker::busName(application));
+        const AccessibilityElement known = tracker->focusedElement(busName);
         if (known && hasState(accessible(known), ATSPI_STATE_FOCUSED)) {
             return known;
         }
     }
+    AccessibilityElement found;
     const GObjectPtr<AtspiMatchRule> rule = matchRule({ATSPI_STATE_FOCUSED}, {});
-    if (const std::optional<QList<AccessibilityElement>> found = matches(application, rule.get(), 1)) {
-        return found->isEmpty() ? AccessibilityElement() : found->first();
+    if (const std::optional<QList<AccessibilityElement>> matched = matches(application, rule.get(), 1)) {
+        found = matched->isEmpty() ? AccessibilityElement() : matched->first();
+    } else {
+        found = walkToFocusedElement(application);
     }
-    return walkToFocusedElement(application);
+    if (found && tracker != nullptr) {
+        tracker->remember(busName, found);
+    }
+    return found;
 }
 
 QString actionName(const QString& toolkitName)

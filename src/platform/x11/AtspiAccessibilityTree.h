@@ -45,8 +45,10 @@ public:
     QList<AccessibilityElement> searchTextFields(const AccessibilityElement& element, int limit) override;
     bool isSameElement(const AccessibilityElement& first, const AccessibilityElement& second) override;
 
-    // The focused descendant of an application is searched among at most this many elements.
-    static constexpr int focusSearchLimit = 5000;
+    // Where neither focus events nor the application's own search tell the focused element, the walk reaches
+    // at most this many elements (each element checked and each child listed counts), for at most this long.
+    static constexpr int focusSearchLimit = 500;
+    static constexpr std::chrono::milliseconds focusSearchBudget{250};
 
 private:
     bool enableAccessibility();

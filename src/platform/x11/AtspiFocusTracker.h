@@ -20,6 +20,13 @@ public:
     // it since; null when none is known.
     AccessibilityElement focusedElement(const QByteArray& busName) const { return m_focused.value(busName); }
 
+    // Takes an element found focused some other way as the application's focus, until its events say
+    // otherwise.
+    void remember(const QByteArray& busName, const AccessibilityElement& element)
+    {
+        m_focused.insert(busName, element);
+    }
+
     // The unique bus name of the application an object belongs to; empty when it has none.
     static QByteArray busName(AtspiAccessible* object);
 
