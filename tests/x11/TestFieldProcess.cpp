@@ -24,6 +24,9 @@ bool TestFieldProcess::start(const QString& windowClass, const QString& title, c
     if (!m_otherWindow.isEmpty()) {
         arguments << QStringLiteral("--other-window") << m_otherWindow;
     }
+    if (m_crowd > 0) {
+        arguments << QStringLiteral("--crowd") << QString::number(m_crowd);
+    }
     m_process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/mivora_test_textfield"),
                     arguments);
     if (!nextLine("ready")) {

@@ -22,6 +22,8 @@ public:
     qint32 processIdentifier() const;
     // Before start: the application also shows another window with this title, ahead of the field's.
     void addOtherWindow(const QString& title) { m_otherWindow = title; }
+    // Before start: the field sits last in one window with this many labels.
+    void addCrowd(int labels) { m_crowd = labels; }
 
     // The field's text or selection, or nullopt when the application did not answer.
     std::optional<QString> text();
@@ -42,6 +44,7 @@ private:
 
     QProcess m_process;
     QString m_otherWindow;
+    int m_crowd = 0;
     QByteArray m_output;
     QList<QByteArray> m_lines;
 };
