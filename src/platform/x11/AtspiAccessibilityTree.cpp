@@ -443,8 +443,10 @@ AccessibilityElement AtspiAccessibilityTree::applicationElement(qint32 processId
         CallError error;
         const guint process = atspi_accessible_get_process_id(accessible(application), error.out());
         if (!error.failed() && qint32(process) == processIdentifier) {
-            // States and texts change under us; cached ones would be stale.
-            atspi_accessible_set_cache_mask(accessible(application), ATSPI_CACHE_NONE);
+            // WORKAROUND: AT-SPI's own cache stays on. Without it the library asks an application for states
+            // while it handles that application's events inside a call that awaits an answer, and libdbus
+            // deadlocks there (GTK's windows, at the first Collection search). The states it caches follow
+            // the state events the focus tracker subscribes to; texts are never cached.
             return application;
         }
     }

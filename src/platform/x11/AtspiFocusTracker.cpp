@@ -1,6 +1,9 @@
 #include "AtspiFocusTracker.h"
 
 namespace {
+// Every state change rather than only the focus: AT-SPI's cache of states follows these events, and the
+// applications send only the events somebody listens to.
+constexpr const char* stateEvents = "object:state-changed";
 constexpr const char* focusEvent = "object:state-changed:focused";
 
 struct EventFree {
@@ -13,7 +16,7 @@ AtspiFocusTracker::AtspiFocusTracker()
 {
     GError* error = nullptr;
     // Registering makes the applications send the event at all; without it the tracker only stays empty.
-    if (!atspi_event_listener_register(m_listener.get(), focusEvent, &error) && error != nullptr) {
+    if (!atspi_event_listener_register(m_listener.get(), stateEvents, &error) && error != nullptr) {
         g_error_free(error);
     }
 }
@@ -21,7 +24,7 @@ AtspiFocusTracker::AtspiFocusTracker()
 AtspiFocusTracker::~AtspiFocusTracker()
 {
     GError* error = nullptr;
-    if (!atspi_event_listener_deregister(m_listener.get(), focusEvent, &error) && error != nullptr) {
+    if (!atspi_event_listener_deregister(m_listener.get(), stateEvents, &error) && error != nullptr) {
         g_error_free(error);
     }
 }
@@ -42,7 +45,7 @@ void AtspiFocusTracker::onFocusEvent(AtspiEvent* event, void* self)
     const std::unique_ptr<AtspiEvent, EventFree> owned(event);
     auto* tracker = static_cast<AtspiFocusTracker*>(self);
     const QByteArray application = busName(event->source);
-    if (application.isEmpty()) {
+    if (application.isEmpty() || qstrcmp(event->type, focusEvent) != 0) {
         return;
     }
     if (event->detail1 != 0) {

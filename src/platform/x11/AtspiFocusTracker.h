@@ -6,7 +6,8 @@
 #include <QHash>
 
 // Follows the keyboard focus of every application on the accessibility bus through its focus events
-// ("object:state-changed:focused"), so the focused element of an application is known without walking its
+// ("object:state-changed:focused"; it subscribes to every state change, which keeps AT-SPI's cache of states
+// current), so the focused element of an application is known without walking its
 // tree. The events arrive through the GLib main context, which Qt's event loop runs on the GUI thread. Only
 // focus gained after construction is known. AT-SPI must be initialised for the tracker's whole life.
 class AtspiFocusTracker {
