@@ -145,8 +145,8 @@ TEST_F(AtspiAccessibilityTreeTest, ReaderReadsAndReplacesTheSelectionOfTheRememb
     EXPECT_EQ(field.text(), QStringLiteral("omega beta gamma!"));
 }
 
-// GTK offers the application's own search (the Collection interface): the visible editable fields of a
-// window come in one call. Qt has none, so the search is empty there and callers walk.
+// GTK offers the application's own search (the Collection interface): the visible editable fields of an
+// application come in one call. Qt has none, so the search is empty there and callers walk.
 TEST_F(AtspiAccessibilityTreeTest, TextFieldSearchUsesTheApplicationsOwnSearchWhereThereIsOne)
 {
     EXPECT_TRUE(tree->searchTextFields(application, 100).isEmpty());
@@ -154,12 +154,12 @@ TEST_F(AtspiAccessibilityTreeTest, TextFieldSearchUsesTheApplicationsOwnSearchWh
     QProcess gtk;
     gtk.start(QStringLiteral("gtk3-demo"), {QStringLiteral("--run=entry_buffer")});
     ASSERT_TRUE(gtk.waitForStarted()) << "gtk3-demo (gtk-3-examples) is not installed";
-    AccessibilityElement factory;
+    AccessibilityElement demo;
     QList<AccessibilityElement> fields;
     EXPECT_TRUE(spinUntil(
         [&] {
-            factory = tree->applicationElement(qint32(gtk.processId()));
-            fields = factory ? tree->searchTextFields(factory, 100) : QList<AccessibilityElement>();
+            demo = tree->applicationElement(qint32(gtk.processId()));
+            fields = demo ? tree->searchTextFields(demo, 100) : QList<AccessibilityElement>();
             return !fields.isEmpty();
         },
         15s));
@@ -170,7 +170,7 @@ TEST_F(AtspiAccessibilityTreeTest, TextFieldSearchUsesTheApplicationsOwnSearchWh
         EXPECT_EQ(tree->attribute(found, QStringLiteral("AXIsEditable")),
                   std::optional<AccessibilityValue>(true));
     }
-    EXPECT_EQ(tree->searchTextFields(factory, 1).size(), 1);
+    EXPECT_EQ(tree->searchTextFields(demo, 1).size(), 1);
     gtk.kill();
     gtk.waitForFinished(2000);
 }
