@@ -27,9 +27,10 @@ bool X11DisplayConnection::hasXInput2(Display* display)
     int opcode = 0;
     int event = 0;
     int error = 0;
-    // The version the global input monitor asks for; the server keeps the first a client names.
+    // WORKAROUND: a client keeps the first XInput version it names, and the hotkey registrar needs 2.2 (raw
+    // key releases) on this same connection; asking for less here would take that from it.
     int major = 2;
-    int minor = 0;
+    int minor = 2;
     return display != nullptr && XQueryExtension(display, "XInputExtension", &opcode, &event, &error) &&
            XIQueryVersion(display, &major, &minor) == Success && major >= 2;
 }
