@@ -346,7 +346,7 @@ AccessibilityElement focusedElement(AtspiAccessible* application, AtspiFocusTrac
 {
     const QByteArray busName = AtspiFocusTracker::busName(application);
     if (tracker != nullptr) {
-        const AccessibilityElement known = tracker->focusedElement(busName);
+        AccessibilityElement known = tracker->focusedElement(busName);
         if (known && hasState(accessible(known), ATSPI_STATE_FOCUSED)) {
             return known;
         }
