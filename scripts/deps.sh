@@ -12,7 +12,7 @@ packages=(
     libxkbcommon-dev libxkbcommon-x11-dev
     libatspi2.0-dev libexttextcat-dev libglib2.0-dev
     xvfb xauth openbox xclip xdotool wmctrl x11-xkb-utils trayer x11-utils
-    dbus at-spi2-core
+    dbus at-spi2-core gtk-3-examples
     "$@"
 )
 

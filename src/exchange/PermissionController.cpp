@@ -15,16 +15,20 @@ void PermissionController::report(const char* english, const char* russian, bool
     m_state.publishStatus(done ? ActionStatus::done(text) : ActionStatus::running(text));
 }
 
-void PermissionController::readAndStore()
+void PermissionController::fail(const char* english, const char* russian)
 {
-    m_state.setPermissionState({m_probe.isAccessibilityGranted(), m_probe.isInputMonitoringGranted()});
+    m_state.publishStatus(ActionStatus::failed(localized(m_state.settings().uiLanguage, english, russian)));
 }
 
-void PermissionController::askAndStore()
+void PermissionController::readAndStore()
+{
+    m_state.setPermissionState({m_probe.canReadAccessibilityTrees(), m_probe.isInputMonitoringGranted()});
+}
+
+void PermissionController::ask()
 {
     m_probe.requestAccessibility();
     m_probe.requestInputMonitoring();
-    readAndStore();
 }
 
 QCoro::Task<> PermissionController::refreshPermissions()
@@ -36,19 +40,25 @@ QCoro::Task<> PermissionController::refreshPermissions()
 QCoro::Task<> PermissionController::requestPermissions()
 {
     report("Requesting permissions", "Запрашиваю разрешения", false);
-    // The requests run in a task of their own, so the running text is shown until they are done
-    // even where asking returns at once.
+    ask();
+    // The system applies a request on its own time (a desktop starts its accessibility bus); the grants are
+    // read after the wait, and the running text stays up for it.
     QPointer<MivoraAppState> state(&m_state);
-    co_await m_clock.sleep(Clock::Duration::zero());
+    co_await m_clock.sleep(settleDelay);
     if (!state) {
         co_return;
     }
-    askAndStore();
+    readAndStore();
     report("Permission request sent", "Запрос разрешений отправлен", true);
 }
 
 QCoro::Task<> PermissionController::resetMivoraPermissions(bool requestAgain)
 {
+    if (!m_probe.canResetGrants()) {
+        fail("Permissions can't be reset here: this system keeps no per-app grants.",
+             "Здесь разрешения не сбрасываются: система не хранит разрешений отдельных программ.");
+        co_return;
+    }
     report("Resetting permissions", "Сбрасываю разрешения", false);
     QPointer<MivoraAppState> state(&m_state);
     try {
@@ -60,12 +70,13 @@ QCoro::Task<> PermissionController::resetMivoraPermissions(bool requestAgain)
         co_return;
     }
     // Give the system a moment to drop the old grants before asking again.
-    co_await m_clock.sleep(resetSettleDelay);
+    co_await m_clock.sleep(settleDelay);
     if (!state) {
         co_return;
     }
     if (requestAgain) {
-        askAndStore();
+        ask();
+        readAndStore();
         report("Permissions reset. Request sent.", "Разрешения сброшены. Новый запрос отправлен.", true);
     } else {
         readAndStore();
@@ -75,5 +86,16 @@ QCoro::Task<> PermissionController::resetMivoraPermissions(bool requestAgain)
 
 void PermissionController::openPermissionSettings(PermissionSettingsTarget target)
 {
-    m_urlOpener.openUrl(permissionSettingsUrl(target));
+    switch (m_probe.openGrantSettings()) {
+    case GrantSettingsOpening::opened:
+        return;
+    case GrantSettingsOpening::byUrl:
+        m_urlOpener.openUrl(permissionSettingsUrl(target));
+        return;
+    case GrantSettingsOpening::unknown:
+        break;
+    }
+    fail("Could not open this desktop's accessibility settings; open them from its own settings.",
+         "Не удалось открыть настройки специальных возможностей этого рабочего стола; откройте их в его "
+         "собственных настройках.");
 }

@@ -22,18 +22,23 @@ public:
 
     // Reads both grants into the state's permissionState.
     QCoro::Task<> refreshPermissions();
-    // Shows "Requesting permissions" at once; on a later turn of the event loop asks for both grants, reads
-    // them and shows the done text.
+    // Shows "Requesting permissions" and asks for both grants at once; after settleDelay reads them and
+    // shows the done text.
     QCoro::Task<> requestPermissions();
-    // Resets the grants of every identifier the program ran under, then reads (or requests) them again.
+    // Resets the grants of every identifier the program ran under, then reads (or requests) them again; fails
+    // at once with a text where the system keeps no grants to reset.
     QCoro::Task<> resetMivoraPermissions(bool requestAgain);
+    // Opens the system's settings for the grants (the target's pane where panes have URLs); a failed status
+    // where none can be opened.
     void openPermissionSettings(PermissionSettingsTarget target);
 
-    static constexpr Clock::Duration resetSettleDelay{350};
+    // How long the system is given to apply a request or a reset before the grants are read again.
+    static constexpr Clock::Duration settleDelay{350};
 
 private:
     void report(const char* english, const char* russian, bool done);
-    void askAndStore();
+    void fail(const char* english, const char* russian);
+    void ask();
     void readAndStore();
 
     MivoraAppState& m_state;

@@ -36,13 +36,14 @@ protected:
     PermissionController controller{state, clock, probe, service, opener};
 };
 
-TEST_F(PermissionControllerTest, RequestShowsItsRunningTextUntilTheRequestsHaveRun)
+TEST_F(PermissionControllerTest, RequestShowsItsRunningTextWhileTheSystemAppliesIt)
 {
     controller.requestPermissions();
-    EXPECT_EQ(state.status(), ActionStatus::running("Requesting permissions"));
-    EXPECT_EQ(probe.requests, 0);
-    clock.advance(0ms);
     EXPECT_EQ(probe.requests, 2);
+    clock.advance(349ms);
+    EXPECT_EQ(state.status(), ActionStatus::running("Requesting permissions"));
+    EXPECT_FALSE(bothGranted());
+    clock.advance(1ms);
     EXPECT_TRUE(bothGranted());
     EXPECT_EQ(state.status(), ActionStatus::done("Permission request sent"));
     clock.advance(900ms);
@@ -51,7 +52,7 @@ TEST_F(PermissionControllerTest, RequestShowsItsRunningTextUntilTheRequestsHaveR
     inRussian();
     controller.requestPermissions();
     EXPECT_EQ(state.status(), ActionStatus::running("Запрашиваю разрешения"));
-    clock.advance(0ms);
+    clock.advance(350ms);
     EXPECT_EQ(state.status(), ActionStatus::done("Запрос разрешений отправлен"));
 }
 
@@ -89,6 +90,28 @@ TEST_F(PermissionControllerTest, AToolThatCannotStartFailsTheReset)
     clock.advance(1300ms);
     EXPECT_EQ(state.status(), ActionStatus::idle());
     EXPECT_EQ(probe.requests, 0);
+}
+
+// Where the system keeps no grants and reaches its settings by a program of its own (an X11 desktop).
+TEST_F(PermissionControllerTest, WithoutGrantsToResetOrKnownSettingsTheUserIsToldSo)
+{
+    probe.resettable = false;
+    controller.resetMivoraPermissions(true);
+    EXPECT_EQ(state.status(),
+              ActionStatus::failed("Permissions can't be reset here: this system keeps no per-app grants."));
+    EXPECT_TRUE(tool.commandLines.isEmpty());
+    EXPECT_EQ(probe.requests, 0);
+
+    probe.settings = GrantSettingsOpening::opened;
+    inRussian();
+    controller.openPermissionSettings(PermissionSettingsTarget::accessibility);
+    EXPECT_TRUE(opener.opened.isEmpty());
+    probe.settings = GrantSettingsOpening::unknown;
+    controller.openPermissionSettings(PermissionSettingsTarget::accessibility);
+    EXPECT_EQ(state.status(), ActionStatus::failed("Не удалось открыть настройки специальных возможностей "
+                                                   "этого рабочего стола; откройте их в его собственных "
+                                                   "настройках."));
+    EXPECT_TRUE(opener.opened.isEmpty());
 }
 
 } // namespace

@@ -2,15 +2,19 @@
 
 #include "platform/PermissionProbe.h"
 
-// Grants as scripted; a request grants what grantsOnRequest says.
+// Grants as scripted; a request grants what grantsOnRequest says. Reading trees follows the accessibility
+// grant, as on macOS.
 class FakePermissionProbe : public PermissionProbe {
 public:
     bool accessibility = true;
     bool inputMonitoring = true;
     bool grantsOnRequest = false;
     int requests = 0;
+    GrantSettingsOpening settings = GrantSettingsOpening::byUrl;
+    bool resettable = true;
 
     bool isAccessibilityGranted() override { return accessibility; }
+    bool canReadAccessibilityTrees() override { return accessibility; }
     void requestAccessibility() override
     {
         ++requests;
@@ -22,4 +26,6 @@ public:
         ++requests;
         inputMonitoring = inputMonitoring || grantsOnRequest;
     }
+    GrantSettingsOpening openGrantSettings() override { return settings; }
+    bool canResetGrants() override { return resettable; }
 };

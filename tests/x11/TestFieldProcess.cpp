@@ -27,6 +27,9 @@ bool TestFieldProcess::start(const QString& windowClass, const QString& title, c
     if (m_ignoreCopy) {
         arguments << QStringLiteral("--ignore-copy");
     }
+    if (m_crowd > 0) {
+        arguments << QStringLiteral("--crowd") << QString::number(m_crowd);
+    }
     m_process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/mivora_test_textfield"),
                     arguments);
     if (!nextLine("ready")) {

@@ -24,6 +24,8 @@ public:
     void addOtherWindow(const QString& title) { m_otherWindow = title; }
     // Before start: Control+C copies nothing, as in a terminal.
     void ignoreCopy() { m_ignoreCopy = true; }
+    // Before start: the field sits last in one window with this many labels.
+    void addCrowd(int labels) { m_crowd = labels; }
 
     // The field's text or selection, or nullopt when the application did not answer.
     std::optional<QString> text();
@@ -45,6 +47,7 @@ private:
     QProcess m_process;
     QString m_otherWindow;
     bool m_ignoreCopy = false;
+    int m_crowd = 0;
     QByteArray m_output;
     QList<QByteArray> m_lines;
 };

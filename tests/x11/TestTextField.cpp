@@ -1,6 +1,8 @@
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QGridLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSocketNotifier>
 #include <cstdio>
@@ -58,7 +60,8 @@ private:
 // A window with one text field for the end-to-end tests. Prints "ready" once shown, then answers lines on
 // stdin: "text" and "selection" print the field's text or selection as "text <base64>", "focus" whether it
 // has the keyboard focus ("yes", "no"), "window" the X window of the field, "set <base64>" replaces the text,
-// "select <start> <length>" selects, "quit" ends. With --ignore-copy, Control+C copies nothing.
+// "select <start> <length>" selects, "quit" ends. With --ignore-copy, Control+C copies nothing; with
+// --crowd the field sits last in a window of labels.
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
@@ -74,7 +77,10 @@ int main(int argc, char** argv)
         QStringLiteral("title"));
     const QCommandLineOption ignoreCopy(QStringLiteral("ignore-copy"),
                                         QStringLiteral("Control+C copies nothing"));
-    parser.addOptions({windowClass, title, text, otherWindow, ignoreCopy});
+    const QCommandLineOption crowd(QStringLiteral("crowd"),
+                                   QStringLiteral("Put the field last in one window with this many labels"),
+                                   QStringLiteral("labels"));
+    parser.addOptions({windowClass, title, text, otherWindow, ignoreCopy, crowd});
     parser.process(app);
     // Qt takes the class part of WM_CLASS from the application name when the window is created.
     QCoreApplication::setApplicationName(parser.value(windowClass));
@@ -86,7 +92,21 @@ int main(int argc, char** argv)
         other.setMinimumWidth(400);
         other.show();
     }
-    QLineEdit field;
+    // A window crowded with accessible elements ahead of the field, as a large application's window is.
+    QWidget crowdWindow;
+    QLineEdit field(parser.isSet(crowd) ? &crowdWindow : nullptr);
+    if (parser.isSet(crowd)) {
+        auto* grid = new QGridLayout(&crowdWindow);
+        grid->setSpacing(0);
+        const int labels = parser.value(crowd).toInt();
+        constexpr int columns = 50;
+        for (int index = 0; index < labels; ++index) {
+            grid->addWidget(new QLabel(QString::number(index)), index / columns, index % columns);
+        }
+        grid->addWidget(&field, labels / columns + 1, 0, 1, columns);
+        crowdWindow.setWindowTitle(parser.value(title));
+        crowdWindow.show();
+    }
     field.setAccessibleName(QStringLiteral("Test field"));
     field.setWindowTitle(parser.value(title));
     field.setText(parser.value(text));

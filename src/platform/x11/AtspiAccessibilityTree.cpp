@@ -1,21 +1,17 @@
 #include "AtspiAccessibilityTree.h"
 
+#include "AtspiFocusTracker.h"
+#include "AtspiObjectPtr.h"
+
+#include <QElapsedTimer>
 #include <QQueue>
 #include <QRectF>
-#include <atspi/atspi.h>
-#include <memory>
+#include <functional>
+#include <initializer_list>
 
 namespace {
 
-struct ObjectUnref {
-    void operator()(gpointer object) const
-    {
-        if (object != nullptr) {
-            g_object_unref(object);
-        }
-    }
-};
-template <typename T> using GObjectPtr = std::unique_ptr<T, ObjectUnref>;
+template <typename T> using GObjectPtr = AtspiObjectPtr<T>;
 
 struct Free {
     void operator()(gpointer data) const { g_free(data); }
@@ -47,13 +43,9 @@ AtspiAccessible* accessible(const AccessibilityElement& element)
     return element.handle<AtspiAccessible>();
 }
 
-// Shares the reference the caller owns with the element.
 AccessibilityElement adopt(AtspiAccessible* object)
 {
-    if (object == nullptr) {
-        return {};
-    }
-    return AccessibilityElement(std::shared_ptr<void>(object, ObjectUnref{}));
+    return adoptAtspiObject(object);
 }
 
 GObjectPtr<AtspiStateSet> states(AtspiAccessible* object)
@@ -140,12 +132,13 @@ QString roleName(AtspiAccessible* object)
     }
 }
 
-QList<AccessibilityElement> children(AtspiAccessible* object)
+// The children in order; a bounded caller stops the listing early by answering false from goOn.
+QList<AccessibilityElement> children(AtspiAccessible* object, const std::function<bool()>& goOn = {})
 {
     QList<AccessibilityElement> result;
     CallError countError;
     const gint count = atspi_accessible_get_child_count(object, countError.out());
-    for (gint index = 0; !countError.failed() && index < count; ++index) {
+    for (gint index = 0; !countError.failed() && index < count && (!goOn || goOn()); ++index) {
         CallError error;
         if (AccessibilityElement child =
                 adopt(atspi_accessible_get_child_at_index(object, index, error.out()))) {
@@ -260,20 +253,77 @@ AccessibilityElement focusedWindow(AtspiAccessible* application)
     return windows.isEmpty() ? AccessibilityElement() : windows.first();
 }
 
-// Breadth first through the active window, then the others; the first element in the focused state.
-AccessibilityElement focusedElement(AtspiAccessible* application)
+// A search rule: every one of the states, and any one of the roles when roles are given.
+GObjectPtr<AtspiMatchRule> matchRule(std::initializer_list<AtspiStateType> required,
+                                     std::initializer_list<AtspiRole> anyRole)
 {
+    const GObjectPtr<AtspiStateSet> states(atspi_state_set_new(nullptr));
+    for (const AtspiStateType state : required) {
+        atspi_state_set_add(states.get(), state);
+    }
+    GArray* roles = g_array_new(FALSE, FALSE, sizeof(AtspiRole));
+    for (const AtspiRole value : anyRole) {
+        g_array_append_val(roles, value);
+    }
+    GObjectPtr<AtspiMatchRule> rule(atspi_match_rule_new(
+        states.get(), ATSPI_Collection_MATCH_ALL, nullptr, ATSPI_Collection_MATCH_NONE, roles,
+        anyRole.size() == 0 ? ATSPI_Collection_MATCH_NONE : ATSPI_Collection_MATCH_ANY, nullptr,
+        ATSPI_Collection_MATCH_NONE, FALSE));
+    g_array_unref(roles);
+    return rule;
+}
+
+// The application's own search through its tree (the Collection interface), in document order, at most
+// limit; nullopt where the toolkit does not offer it (Qt does not) or the call fails.
+std::optional<QList<AccessibilityElement>> matches(AtspiAccessible* root, AtspiMatchRule* rule, int limit)
+{
+    const GObjectPtr<AtspiCollection> collection(atspi_accessible_get_collection_iface(root));
+    if (!collection || rule == nullptr) {
+        return std::nullopt;
+    }
+    CallError error;
+    GArray* found = atspi_collection_get_matches(
+        collection.get(), rule, ATSPI_Collection_SORT_ORDER_CANONICAL, gint(limit), TRUE, error.out());
+    if (error.failed() || found == nullptr) {
+        if (found != nullptr) {
+            g_array_free(found, TRUE);
+        }
+        return std::nullopt;
+    }
+    QList<AccessibilityElement> result;
+    for (guint index = 0; index < found->len; ++index) {
+        if (AccessibilityElement element = adopt(g_array_index(found, AtspiAccessible*, index))) {
+            result.append(element);
+        }
+    }
+    g_array_free(found, TRUE);
+    return result;
+}
+
+// Breadth first through the active window, then the others; the first element in the focused state. The
+// last resort for a toolkit without the Collection search whose focus was gained before the tracker
+// started. Bounded in elements reached and in time, since each costs the other application a call or
+// more (one window may hold thousands of children): past the bounds the read is empty and the caller takes
+// the clipboard route.
+AccessibilityElement walkToFocusedElement(AtspiAccessible* application)
+{
+    QElapsedTimer elapsed;
+    elapsed.start();
+    int reached = 0;
+    const std::function<bool()> withinBounds = [&] {
+        return reached++ < AtspiAccessibilityTree::focusSearchLimit &&
+               elapsed.elapsed() < AtspiAccessibilityTree::focusSearchBudget.count();
+    };
     QQueue<AccessibilityElement> queue;
-    if (const AccessibilityElement window = focusedWindow(application)) {
-        queue.enqueue(window);
-    }
     for (const AccessibilityElement& window : children(application)) {
-        queue.enqueue(window);
+        if (hasState(accessible(window), ATSPI_STATE_ACTIVE)) {
+            queue.prepend(window);
+        } else {
+            queue.enqueue(window);
+        }
     }
-    int visited = 0;
-    while (!queue.isEmpty() && visited < AtspiAccessibilityTree::focusSearchLimit) {
+    while (!queue.isEmpty() && withinBounds()) {
         AccessibilityElement element = queue.dequeue();
-        ++visited;
         const GObjectPtr<AtspiStateSet> set = states(accessible(element));
         if (!set) {
             continue;
@@ -284,12 +334,34 @@ AccessibilityElement focusedElement(AtspiAccessible* application)
         // Hidden subtrees hold no focus; containers that manage their descendants list them lazily.
         if (atspi_state_set_contains(set.get(), ATSPI_STATE_SHOWING) &&
             !atspi_state_set_contains(set.get(), ATSPI_STATE_MANAGES_DESCENDANTS)) {
-            for (const AccessibilityElement& child : children(accessible(element))) {
-                queue.enqueue(child);
-            }
+            queue.append(children(accessible(element), withinBounds));
         }
     }
     return {};
+}
+
+// The focus events' answer when it still holds, else the application's own search, else the walk. What
+// the search or the walk finds is handed to the tracker, whose events tell when it loses the focus.
+AccessibilityElement focusedElement(AtspiAccessible* application, AtspiFocusTracker* tracker)
+{
+    const QByteArray busName = AtspiFocusTracker::busName(application);
+    if (tracker != nullptr) {
+        AccessibilityElement known = tracker->focusedElement(busName);
+        if (known && hasState(accessible(known), ATSPI_STATE_FOCUSED)) {
+            return known;
+        }
+    }
+    AccessibilityElement found;
+    const GObjectPtr<AtspiMatchRule> rule = matchRule({ATSPI_STATE_FOCUSED}, {});
+    if (const std::optional<QList<AccessibilityElement>> matched = matches(application, rule.get(), 1)) {
+        found = matched->isEmpty() ? AccessibilityElement() : matched->first();
+    } else {
+        found = walkToFocusedElement(application);
+    }
+    if (found && tracker != nullptr) {
+        tracker->remember(busName, found);
+    }
+    return found;
 }
 
 QString actionName(const QString& toolkitName)
@@ -336,6 +408,7 @@ bool replaceSelection(AtspiAccessible* object, const QString& replacement)
 } // namespace
 
 AtspiAccessibilityTree::AtspiAccessibilityTree(std::chrono::milliseconds callTimeout)
+    : m_activation(callTimeout)
 {
     atspi_set_timeout(gint(callTimeout.count()), gint(callTimeout.count()));
     const int status = atspi_init();
@@ -343,10 +416,15 @@ AtspiAccessibilityTree::AtspiAccessibilityTree(std::chrono::milliseconds callTim
     // asked of it unless the bus is really there; init answers 1 when another part of the process was first.
     m_available = (status == 0 || status == 1) && atspi_get_a11y_bus() != nullptr;
     m_startedLibrary = status == 0;
+    if (m_available) {
+        m_focusTracker = std::make_unique<AtspiFocusTracker>();
+    }
 }
 
 AtspiAccessibilityTree::~AtspiAccessibilityTree()
 {
+    // The tracker deregisters through the library, so it goes first.
+    m_focusTracker.reset();
     if (m_startedLibrary) {
         atspi_exit();
     }
@@ -365,8 +443,10 @@ AccessibilityElement AtspiAccessibilityTree::applicationElement(qint32 processId
         CallError error;
         const guint process = atspi_accessible_get_process_id(accessible(application), error.out());
         if (!error.failed() && qint32(process) == processIdentifier) {
-            // States and texts change under us; cached ones would be stale.
-            atspi_accessible_set_cache_mask(accessible(application), ATSPI_CACHE_NONE);
+            // WORKAROUND: AT-SPI's own cache stays on. Without it the library asks an application for states
+            // while it handles that application's events inside a call that awaits an answer, and libdbus
+            // deadlocks there (GTK's windows, at the first Collection search). The states it caches follow
+            // the state events the focus tracker subscribes to; texts are never cached.
             return application;
         }
     }
@@ -399,7 +479,7 @@ std::optional<AccessibilityValue> AtspiAccessibilityTree::attribute(const Access
         return count ? std::optional<AccessibilityValue>(double(*count)) : std::nullopt;
     }
     if (name == QStringLiteral("AXFocusedUIElement")) {
-        const AccessibilityElement focused = focusedElement(object);
+        const AccessibilityElement focused = focusedElement(object, m_focusTracker.get());
         return focused ? std::optional<AccessibilityValue>(focused) : std::nullopt;
     }
     if (name == QStringLiteral("AXFocusedWindow")) {
@@ -475,6 +555,9 @@ std::optional<bool> AtspiAccessibilityTree::isAttributeSettable(const Accessibil
     if (!set) {
         return std::nullopt;
     }
+    if (name == QStringLiteral("AXManualAccessibility")) {
+        return true;
+    }
     if (name == QStringLiteral("AXSelectedText") || name == QStringLiteral("AXValue")) {
         return atspi_state_set_contains(set.get(), ATSPI_STATE_EDITABLE) && editableTextInterface(object) &&
                textInterface(object);
@@ -489,6 +572,11 @@ bool AtspiAccessibilityTree::setAttribute(const AccessibilityElement& element, c
                                           const AccessibilityValue& value)
 {
     AtspiAccessible* object = accessible(element);
+    // The desktop's switch, not the element's: an application not yet on the bus has no element to set it on.
+    if (name == QStringLiteral("AXManualAccessibility") && std::holds_alternative<bool>(value) &&
+        std::get<bool>(value)) {
+        return enableAccessibility();
+    }
     if (!m_available || object == nullptr) {
         return false;
     }
@@ -546,9 +634,31 @@ bool AtspiAccessibilityTree::performAction(const AccessibilityElement& element, 
     return action && atspi_action_do_action(action.get(), gint(index), error.out()) && !error.failed();
 }
 
-QList<AccessibilityElement> AtspiAccessibilityTree::searchTextFields(const AccessibilityElement&, int)
+QList<AccessibilityElement> AtspiAccessibilityTree::searchTextFields(const AccessibilityElement& element,
+                                                                     int limit)
 {
-    return {};
+    AtspiAccessible* object = accessible(element);
+    if (!m_available || object == nullptr || limit <= 0) {
+        return {};
+    }
+    // Editable text of every kind the toolkits give: entries, text views, documents, and the editable
+    // sections of web pages; showing, as the search is for fields the user can see.
+    const GObjectPtr<AtspiMatchRule> rule =
+        matchRule({ATSPI_STATE_SHOWING, ATSPI_STATE_EDITABLE},
+                  {ATSPI_ROLE_ENTRY, ATSPI_ROLE_PASSWORD_TEXT, ATSPI_ROLE_TEXT, ATSPI_ROLE_DOCUMENT_TEXT,
+                   ATSPI_ROLE_SECTION, ATSPI_ROLE_PARAGRAPH});
+    return matches(object, rule.get(), limit).value_or(QList<AccessibilityElement>());
+}
+
+bool AtspiAccessibilityTree::enableAccessibility()
+{
+    // Asked once per run at most: every reply-editor search sets it, and the answer does not change.
+    if (m_accessibilityEnabled || m_activation.isEnabled() == true) {
+        m_accessibilityEnabled = true;
+        return true;
+    }
+    m_accessibilityEnabled = m_activation.enable();
+    return m_accessibilityEnabled;
 }
 
 bool AtspiAccessibilityTree::isSameElement(const AccessibilityElement& first,

@@ -1,13 +1,21 @@
 #pragma once
 
+#include "AtspiBusActivation.h"
 #include "platform/AccessibilityTree.h"
 
 #include <chrono>
+#include <memory>
+
+class AtspiFocusTracker;
 
 // Other applications' trees through AT-SPI 2 on the accessibility bus, with AT-SPI roles and states shown
 // under the attribute names the exchange asks for ("AXRole" gives "AXTextField", "AXTextArea",
 // "AXWebArea"...). Every D-Bus call is bounded by callTimeout. Where no accessibility bus answers at
-// construction, every read is empty and every write refused. GUI thread only.
+// construction, every read is empty and every write refused. The focused element comes from the
+// applications' focus events, else from their own search (the Collection interface), and only as a last
+// resort from a bounded walk. Setting "AXManualAccessibility" to true on any element turns the desktop's
+// accessibility on (AtspiBusActivation), so applications started from then on expose their trees. GUI
+// thread only.
 class AtspiAccessibilityTree : public AccessibilityTree {
 public:
     static constexpr std::chrono::milliseconds defaultCallTimeout{500};
@@ -32,14 +40,22 @@ public:
                       const AccessibilityValue& value) override;
     QStringList actionNames(const AccessibilityElement& element) override;
     bool performAction(const AccessibilityElement& element, const QString& name) override;
-    // AT-SPI's collection search is not offered by every toolkit; empty, so callers walk the children.
+    // The application's own search (the Collection interface of GTK, Chromium, Firefox); empty where the
+    // toolkit has none (Qt), so callers walk the children.
     QList<AccessibilityElement> searchTextFields(const AccessibilityElement& element, int limit) override;
     bool isSameElement(const AccessibilityElement& first, const AccessibilityElement& second) override;
 
-    // The focused descendant of an application is searched among at most this many elements.
-    static constexpr int focusSearchLimit = 5000;
+    // Where neither focus events nor the application's own search tell the focused element, the walk reaches
+    // at most this many elements (each element checked and each child listed counts), for at most this long.
+    static constexpr int focusSearchLimit = 500;
+    static constexpr std::chrono::milliseconds focusSearchBudget{250};
 
 private:
+    bool enableAccessibility();
+
+    AtspiBusActivation m_activation;
+    std::unique_ptr<AtspiFocusTracker> m_focusTracker;
+    bool m_accessibilityEnabled = false;
     bool m_available = false;
     // Whether this tree's start was the one that set the library up (another part of the process may have).
     bool m_startedLibrary = false;

@@ -16,6 +16,9 @@ public:
     // Whether the server offers XTest, which synthetic keys and the input grant both rest on. False for
     // a null display.
     static bool hasXTest(Display* display);
+    // Whether the server offers XInput 2, which the global input monitor listens through. False for a null
+    // display.
+    static bool hasXInput2(Display* display);
     explicit operator bool() const { return m_display != nullptr; }
 
 private:

@@ -1,9 +1,19 @@
 #include "X11PermissionProbe.h"
 
-#include "X11DisplayConnection.h"
+#include "DesktopAccessibilitySettings.h"
 
-#include <X11/Xlib.h>
+#include <QProcess>
 
-X11PermissionProbe::X11PermissionProbe(Display* display)
-    : m_display(display), m_hasXTest(X11DisplayConnection::hasXTest(display))
+X11PermissionProbe::X11PermissionProbe(Display* display, QString currentDesktop)
+    : m_currentDesktop(std::move(currentDesktop)), m_hasXTest(X11DisplayConnection::hasXTest(display)),
+      m_hasXInput2(X11DisplayConnection::hasXInput2(display))
 {}
+
+GrantSettingsOpening X11PermissionProbe::openGrantSettings()
+{
+    const std::optional<QStringList> command = accessibilitySettingsCommand(m_currentDesktop);
+    if (!command || !QProcess::startDetached(command->first(), command->mid(1))) {
+        return GrantSettingsOpening::unknown;
+    }
+    return GrantSettingsOpening::opened;
+}
