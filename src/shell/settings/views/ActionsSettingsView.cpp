@@ -84,6 +84,7 @@ void ActionsSettingsView::refresh()
     }
     for (qsizetype i = 0; i < actions.size(); ++i) {
         m_actionRows[i]->setTitle(m_appState.title(actions[i]));
+        m_actionRows[i]->setSymbol(actions[i].symbolName());
         static_cast<QPushButton*>(m_actionRows[i]->control())
             ->setText(localized(language(), "Run", "Запустить"));
     }

@@ -1,7 +1,10 @@
 #include "shell/settings/views/SettingsRow.h"
 
+#include "panels/views/ThemePainter.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QVBoxLayout>
 
 SettingsRow::SettingsRow(QWidget* control, QWidget* parent) : QWidget(parent), m_control(control)
@@ -21,9 +24,13 @@ SettingsRow::SettingsRow(QWidget* control, QWidget* parent) : QWidget(parent), m
     texts->setSpacing(2);
     texts->addWidget(m_title);
     texts->addWidget(m_subtitle);
+    m_symbol = new QLabel(this);
+    m_symbol->setFixedSize(18, 18);
+    m_symbol->hide();
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(12);
+    layout->addWidget(m_symbol, 0, Qt::AlignVCenter);
     layout->addLayout(texts, 1);
     if (control) {
         layout->addWidget(control, 0, Qt::AlignRight | Qt::AlignVCenter);
@@ -33,6 +40,25 @@ SettingsRow::SettingsRow(QWidget* control, QWidget* parent) : QWidget(parent), m
 void SettingsRow::setTitle(const QString& title)
 {
     m_title->setText(title);
+}
+
+void SettingsRow::setSymbol(const QString& symbolName)
+{
+    if (symbolName.isEmpty()) {
+        m_symbol->hide();
+        return;
+    }
+    const qreal scale = devicePixelRatioF();
+    QPixmap pixmap(QSize(18, 18) * scale);
+    pixmap.setDevicePixelRatio(scale);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    ThemePainter::paintSymbol(painter, QRectF(1, 1, 16, 16), symbolName,
+                              palette().color(QPalette::WindowText));
+    painter.end();
+    m_symbol->setPixmap(pixmap);
+    m_symbol->show();
 }
 
 void SettingsRow::setSubtitle(const QString& subtitle)

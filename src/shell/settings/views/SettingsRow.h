@@ -12,6 +12,8 @@ public:
     explicit SettingsRow(QWidget* control, QWidget* parent = nullptr);
 
     void setTitle(const QString& title);
+    // A small symbol before the title, by its name ("bolt.fill"...), in the text colour; empty hides it.
+    void setSymbol(const QString& symbolName);
     // An empty subtitle hides the second line.
     void setSubtitle(const QString& subtitle);
     // Fixes the title column's width range, for the label-and-control grids of some pages.
@@ -20,6 +22,7 @@ public:
     QLabel* titleLabel() const { return m_title; }
 
 private:
+    QLabel* m_symbol = nullptr;
     QLabel* m_title = nullptr;
     QLabel* m_subtitle = nullptr;
     QWidget* m_control = nullptr;
