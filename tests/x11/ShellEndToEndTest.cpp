@@ -51,17 +51,7 @@ class ShellEndToEndTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        tray.start(QStringLiteral("trayer"),
-                   {QStringLiteral("--edge"), QStringLiteral("top"), QStringLiteral("--align"),
-                    QStringLiteral("right"), QStringLiteral("--widthtype"), QStringLiteral("request"),
-                    QStringLiteral("--height"), QStringLiteral("24")});
-        ASSERT_TRUE(tray.waitForStarted()) << "needs a tray host (trayer)";
-        // The tray host owns the tray selection once it is ready to dock icons.
-        ASSERT_TRUE(spinUntil([] {
-            return runTool(QStringLiteral("xdotool"),
-                           {QStringLiteral("search"), QStringLiteral("--class"), QStringLiteral("trayer")})
-                .has_value();
-        }));
+        ASSERT_TRUE(startTrayHost(tray)) << "needs a tray host (trayer)";
         app.setSetting(QStringLiteral("mivora.openMainWindowOnLaunch"), true);
     }
     void TearDown() override
