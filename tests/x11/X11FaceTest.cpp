@@ -54,20 +54,6 @@ QStringList atomNames(Display* dpy, Window window, const char* property)
     return names;
 }
 
-// Asks the window manager to close a window, as its title-bar button or Alt+F4 would.
-void askWindowManagerToClose(Display* dpy, Window window)
-{
-    XEvent event{};
-    event.xclient.type = ClientMessage;
-    event.xclient.window = window;
-    event.xclient.message_type = XInternAtom(dpy, "_NET_CLOSE_WINDOW", False);
-    event.xclient.format = 32;
-    event.xclient.data.l[0] = CurrentTime;
-    event.xclient.data.l[1] = 2; // a pager or other direct user action
-    XSendEvent(dpy, DefaultRootWindow(dpy), False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
-    XFlush(dpy);
-}
-
 class X11FaceTest : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(display) << "needs an X server"; }
@@ -200,7 +186,9 @@ TEST_F(X11FaceTest, APanelFloatsOnEveryDesktopOutOfTaskbarsAndClosingOnlyHidesIt
     // The window manager's close hides the panel; it stays made, and its size is kept for the next show.
     panel.resize(350, 220);
     ASSERT_TRUE(spinUntil([&] { return panel.size() == QSize(350, 220); }));
-    askWindowManagerToClose(display.get(), window);
+    // As the title-bar button or Alt+F4 would: the window manager asks the panel to close.
+    ASSERT_TRUE(runTool(QStringLiteral("wmctrl"),
+                        {QStringLiteral("-i"), QStringLiteral("-c"), QString::number(window)}));
     ASSERT_TRUE(spinUntil([&] { return !panel.isVisible(); }));
     EXPECT_EQ(panel.winId(), window);
     EXPECT_EQ(defaults.value(QStringLiteral("mivora.test.width")).toDouble(), 350.0);
