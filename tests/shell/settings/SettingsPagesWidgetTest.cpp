@@ -1,6 +1,5 @@
 #include "AppStateHarness.h"
 #include "hotkeys/views/HotkeyRecorderField.h"
-#include "platform/ApplicationCatalog.h"
 #include "shell/settings/views/LayoutSettingsPage.h"
 #include "shell/settings/views/QuickMenuSettingsView.h"
 #include "shell/settings/views/StyleEditorCard.h"
@@ -17,25 +16,7 @@
 
 namespace {
 
-class FixedCatalog : public ApplicationCatalog {
-public:
-    QList<InstalledApplication> installedApplications() override { return applications; }
-    std::optional<InstalledApplication> application(const QString& path) override
-    {
-        for (const InstalledApplication& each : applications) {
-            if (each.path == path) {
-                return each;
-            }
-        }
-        return std::nullopt;
-    }
-    QList<InstalledApplication> applications;
-};
-
-class SettingsPagesWidgetTest : public AppStateHarness, public ::testing::Test {
-protected:
-    FixedCatalog catalog;
-};
+class SettingsPagesWidgetTest : public AppStateHarness, public ::testing::Test {};
 
 TEST_F(SettingsPagesWidgetTest, TheLayoutPickersShowStoredNamesWithoutRewritingThemAndARuleEditSavesOnce)
 {
@@ -51,7 +32,7 @@ TEST_F(SettingsPagesWidgetTest, TheLayoutPickersShowStoredNamesWithoutRewritingT
     QObject::connect(&state, &MivoraAppState::settingsChanged, [&] { ++saves; });
 
     // Filling the pickers as the page appears, and again in another language, writes nothing.
-    LayoutSettingsPage page(state, layout, &catalog, nullptr);
+    LayoutSettingsPage page(state, layout, nullptr, nullptr);
     page.show();
     QApplication::processEvents();
     const QList<QComboBox*> pickers = page.findChildren<QComboBox*>();
