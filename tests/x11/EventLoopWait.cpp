@@ -48,6 +48,13 @@ bool waitForWindowManager()
     return spinUntil([] { return runTool(QStringLiteral("wmctrl"), {QStringLiteral("-m")}).has_value(); });
 }
 
+bool windowShown(const QString& title)
+{
+    return runTool(QStringLiteral("xdotool"), {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                                               QStringLiteral("--name"), QStringLiteral("^%1$").arg(title)})
+        .has_value();
+}
+
 bool startTrayHost(QProcess& host)
 {
     host.start(QStringLiteral("trayer"),
