@@ -48,6 +48,27 @@ bool waitForWindowManager()
     return spinUntil([] { return runTool(QStringLiteral("wmctrl"), {QStringLiteral("-m")}).has_value(); });
 }
 
+bool windowShown(const QString& title)
+{
+    return runTool(QStringLiteral("xdotool"), {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                                               QStringLiteral("--name"), QStringLiteral("^%1$").arg(title)})
+        .has_value();
+}
+
+bool startTrayHost(QProcess& host)
+{
+    host.start(QStringLiteral("trayer"),
+               {QStringLiteral("--edge"), QStringLiteral("top"), QStringLiteral("--align"),
+                QStringLiteral("right"), QStringLiteral("--widthtype"), QStringLiteral("request"),
+                QStringLiteral("--height"), QStringLiteral("24")});
+    // The tray host owns the tray selection once its window is there.
+    return host.waitForStarted() && spinUntil([] {
+               return runTool(QStringLiteral("xdotool"),
+                              {QStringLiteral("search"), QStringLiteral("--class"), QStringLiteral("trayer")})
+                   .has_value();
+           });
+}
+
 std::optional<QByteArray> clipboardBytes(const QString& type)
 {
     return runTool(QStringLiteral("xclip"), {QStringLiteral("-selection"), QStringLiteral("clipboard"),

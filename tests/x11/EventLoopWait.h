@@ -3,6 +3,7 @@
 #include "QStringPrinting.h"
 
 #include <QByteArray>
+#include <QProcess>
 #include <QString>
 #include <QStringList>
 #include <chrono>
@@ -22,5 +23,9 @@ std::optional<QByteArray> runTool(const QString& program, const QStringList& arg
 
 // Waits until an EWMH window manager answers: windows mapped before it runs are never activated.
 bool waitForWindowManager();
+// Whether a visible window has exactly this title.
+bool windowShown(const QString& title);
+// Starts a tray host (trayer) docked at the top right in host and waits until it can take tray icons.
+bool startTrayHost(QProcess& host);
 // The CLIPBOARD selection in this type as an independent client reads it; this process keeps serving it.
 std::optional<QByteArray> clipboardBytes(const QString& type = QStringLiteral("UTF8_STRING"));

@@ -20,11 +20,6 @@ constexpr QPoint fixLayoutRecorder{781, 224};
 constexpr QRect sidebar{0, 0, 220, 350};
 constexpr QRect titleStrip{220, 0, 300, 30};
 
-void pause(std::chrono::milliseconds duration)
-{
-    spinUntil([] { return false; }, duration);
-}
-
 bool xdotool(const QStringList& arguments)
 {
     return runTool(QStringLiteral("xdotool"), arguments).has_value();
@@ -39,14 +34,7 @@ protected:
         ASSERT_TRUE(keyboard.isConnected()) << "needs an X server";
         ASSERT_TRUE(
             runTool(QStringLiteral("setxkbmap"), {QStringLiteral("-layout"), QStringLiteral("us,ru")}));
-        trayHost.start(QStringLiteral("trayer"),
-                       {QStringLiteral("--edge"), QStringLiteral("top"), QStringLiteral("--align"),
-                        QStringLiteral("right"), QStringLiteral("--widthtype"), QStringLiteral("request"),
-                        QStringLiteral("--height"), QStringLiteral("24")});
-        ASSERT_TRUE(trayHost.waitForStarted()) << "needs a tray host (trayer)";
-        ASSERT_TRUE(spinUntil([] {
-            return xdotool({QStringLiteral("search"), QStringLiteral("--class"), QStringLiteral("trayer")});
-        }));
+        ASSERT_TRUE(startTrayHost(trayHost)) << "needs a tray host (trayer)";
     }
     void TearDown() override
     {
@@ -77,7 +65,7 @@ protected:
         ASSERT_TRUE(
             xdotool({QStringLiteral("mousemove"), QStringLiteral("--window"), window, QString::number(at.x()),
                      QString::number(at.y()), QStringLiteral("click"), QStringLiteral("1")}));
-        pause(300ms);
+        pauseFor(300ms);
     }
 
     static QImage grab(const QString& window, QRect area)
@@ -101,12 +89,12 @@ protected:
     {
         for (const QString& key : pressOrder) {
             keyboard.press(key);
-            pause(40ms);
+            pauseFor(40ms);
         }
-        pause(250ms);
+        pauseFor(250ms);
         for (const QString& key : releaseOrder) {
             keyboard.release(key);
-            pause(20ms);
+            pauseFor(20ms);
         }
     }
 
@@ -124,14 +112,14 @@ TEST_F(SettingsWindowEndToEndTest, OpenedFromTheTrayItSwitchesToRussianWhileShow
     ASSERT_TRUE(app.start());
     ASSERT_TRUE(app.waitForHotkeys()) << app.standardError().toStdString();
     // The tray icon sits at the right end of the strip once docked; its menu's first entry opens the window.
-    pause(1s);
+    pauseFor(1s);
     ASSERT_TRUE(xdotool({QStringLiteral("mousemove"), QStringLiteral("1588"), QStringLiteral("12"),
                          QStringLiteral("click"), QStringLiteral("1")}));
-    pause(500ms);
+    pauseFor(500ms);
     ASSERT_TRUE(xdotool({QStringLiteral("key"), QStringLiteral("Down"), QStringLiteral("Return")}));
     const std::optional<QString> window = mainWindow();
     ASSERT_TRUE(window) << "the tray menu did not open the window";
-    pause(500ms);
+    pauseFor(500ms);
     const QImage englishSidebar = grab(*window, sidebar);
     const QImage englishTitle = grab(*window, titleStrip);
 
@@ -153,7 +141,7 @@ TEST_F(SettingsWindowEndToEndTest, ARecordedLayoutHotkeyWorksAndTheOldOneNoLonge
     ASSERT_TRUE(app.waitForHotkeys()) << app.standardError().toStdString();
     const std::optional<QString> window = mainWindow();
     ASSERT_TRUE(window);
-    pause(500ms);
+    pauseFor(500ms);
     click(*window, {100, 8 + 34 * 8 + 17});
     click(*window, fixLayoutRecorder);
 

@@ -8,13 +8,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-bool windowShown(const QString& title)
-{
-    return runTool(QStringLiteral("xdotool"), {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                                               QStringLiteral("--name"), QStringLiteral("^%1$").arg(title)})
-        .has_value();
-}
-
 // The windows a process has mapped, by X id.
 QStringList windowsOf(qint64 pid)
 {
@@ -51,17 +44,7 @@ class ShellEndToEndTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        tray.start(QStringLiteral("trayer"),
-                   {QStringLiteral("--edge"), QStringLiteral("top"), QStringLiteral("--align"),
-                    QStringLiteral("right"), QStringLiteral("--widthtype"), QStringLiteral("request"),
-                    QStringLiteral("--height"), QStringLiteral("24")});
-        ASSERT_TRUE(tray.waitForStarted()) << "needs a tray host (trayer)";
-        // The tray host owns the tray selection once it is ready to dock icons.
-        ASSERT_TRUE(spinUntil([] {
-            return runTool(QStringLiteral("xdotool"),
-                           {QStringLiteral("search"), QStringLiteral("--class"), QStringLiteral("trayer")})
-                .has_value();
-        }));
+        ASSERT_TRUE(startTrayHost(tray)) << "needs a tray host (trayer)";
         app.setSetting(QStringLiteral("mivora.openMainWindowOnLaunch"), true);
     }
     void TearDown() override
@@ -107,14 +90,16 @@ TEST_F(ShellEndToEndTest, WithTheTrayIconOffClosingTheWindowQuits)
     EXPECT_TRUE(spinUntil([&] { return !app.isRunning(); }, 10s)) << "no way back, so the program ends";
 }
 
-TEST_F(ShellEndToEndTest, AFailureShowsTheOverlayUntilItsResetAndTheWindowStaysShut)
+TEST_F(ShellEndToEndTest, AnInvalidHotkeyIsReportedOnTheOverlayUntilItsResetAndTheWindowStaysShut)
 {
     app.setSetting(QStringLiteral("mivora.openMainWindowOnLaunch"), false);
     app.setSetting(QStringLiteral("mivora.layoutHotkey"), QStringLiteral("Alt+Nope"));
     ASSERT_TRUE(app.start());
     ASSERT_TRUE(spinUntil([] { return windowShown(QStringLiteral("MivoraAI status")); }, 10s));
     EXPECT_FALSE(windowShown(QStringLiteral("MivoraAI")));
-    // A failure stays 1.3 s; the overlay goes with it.
+    EXPECT_TRUE(app.waitForStandardError(QStringLiteral("mivora.status: Invalid hotkey: Alt+Nope\n")))
+        << app.standardError().toStdString();
+    // A failure stays 1.3 s; the overlay goes with it, and the program keeps running.
     EXPECT_TRUE(spinUntil([] { return !windowShown(QStringLiteral("MivoraAI status")); }, 5s));
     EXPECT_EQ(app.terminate(), 0);
 }

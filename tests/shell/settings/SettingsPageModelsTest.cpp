@@ -1,10 +1,17 @@
 #include "AppStateHarness.h"
 #include "FakePasteboard.h"
 #include "clipboard/ClipboardHistoryService.h"
+#include "shell/settings/ActionsSettingsModel.h"
 #include "shell/settings/ClipboardSettingsModel.h"
 #include "shell/settings/LayoutSettingsModel.h"
+#include "shell/settings/QuickMenuSettingsModel.h"
+#include "shell/settings/ShortcutsSettingsModel.h"
+#include "shell/settings/StyleCatalogueSettingsModel.h"
+#include "text/BackendClientError.h"
 
 #include <gtest/gtest.h>
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -23,10 +30,21 @@ protected:
     ClipboardHistoryService history{pasteboard, clock, defaults};
     ClipboardSettingsModel clipboard{state, history};
     LayoutSettingsModel layouts{state, layout};
+    QuickMenuSettingsModel quickMenu{state};
+    StyleCatalogueSettingsModel catalogue{state};
 };
 
-TEST_F(SettingsPageModelsTest, TheLimitStepsWithinTenToFiveHundredAndKeepsAStoredValueUntilStepped)
+TEST_F(SettingsPageModelsTest, TheLimitStepsWithinTenToFiveHundredAndTheTextsFollowTheLanguage)
 {
+    // Kept days show "forever" in the interface language and a number as stored.
+    EXPECT_EQ(clipboard.daysText(), QStringLiteral("forever"));
+    configure([](MivoraSettings& s) { s.uiLanguage = UiLanguage::ru; });
+    EXPECT_EQ(clipboard.daysText(), QStringLiteral("всегда"));
+    EXPECT_EQ(clipboard.limitText(), QStringLiteral("Лимит истории: 100"));
+    configure([](MivoraSettings& s) { s.clipboardDays = QStringLiteral("7"); });
+    EXPECT_EQ(clipboard.daysText(), QStringLiteral("7"));
+    configure([](MivoraSettings& s) { s.uiLanguage = UiLanguage::en; });
+
     // Loading accepts 1…1000; the stepper cannot reach 5 or 1000, yet shows and keeps them.
     configure([](MivoraSettings& s) { s.clipboardLimit = 5; });
     EXPECT_EQ(clipboard.limitText(), QStringLiteral("History limit: 5"));
@@ -38,16 +56,6 @@ TEST_F(SettingsPageModelsTest, TheLimitStepsWithinTenToFiveHundredAndKeepsAStore
     EXPECT_EQ(limitAfterSteps(11, -1, 3), 10);
     EXPECT_EQ(limitAfterSteps(498, +1, 5), 500);
     EXPECT_EQ(limitAfterSteps(100, +1, 1), 101);
-}
-
-TEST_F(SettingsPageModelsTest, KeptDaysShowForeverInTheInterfaceLanguageAndANumberAsStored)
-{
-    EXPECT_EQ(clipboard.daysText(), QStringLiteral("forever"));
-    configure([](MivoraSettings& s) { s.uiLanguage = UiLanguage::ru; });
-    EXPECT_EQ(clipboard.daysText(), QStringLiteral("всегда"));
-    EXPECT_EQ(clipboard.limitText(), QStringLiteral("Лимит истории: 100"));
-    configure([](MivoraSettings& s) { s.clipboardDays = QStringLiteral("7"); });
-    EXPECT_EQ(clipboard.daysText(), QStringLiteral("7"));
 }
 
 TEST_F(SettingsPageModelsTest, PutBackPlacesTheItemOnTheClipboardAndReportsPasted)
@@ -119,6 +127,112 @@ TEST_F(SettingsPageModelsTest, AddingAnApplicationReplacesItsRuleInPlaceOrAppend
     layouts.removeRule(first.id);
     layouts.removeRule(replaced[0].id);
     EXPECT_EQ(state.settings().appLayoutRules.size(), 2);
+}
+
+TEST_F(SettingsPageModelsTest, QuickMenuOrderKeepsAvailableIdsOnceAndAppendsTheRest)
+{
+    configure([](MivoraSettings& s) {
+        s.quickMenuOrder = {"layout", " style:friendly ", "gone", "layout", "style:translate", "ai"};
+    });
+    const QStringList available = quickMenu.availableActionIds();
+    EXPECT_EQ(available.size(), 2 + 16 + 2);
+    EXPECT_FALSE(available.contains("style:translate"));
+    const QStringList ordered = quickMenu.orderedActions();
+    EXPECT_EQ(ordered.mid(0, 4), (QStringList{"layout", "style:friendly", "ai", "translate"}));
+    EXPECT_EQ(ordered.last(), "clipboard");
+    EXPECT_EQ(ordered.size(), available.size());
+}
+
+TEST_F(SettingsPageModelsTest, SwitchingAnActionOffKeepsItsPlaceAndMovesSortTheEnabledList)
+{
+    configure([](MivoraSettings& s) {
+        s.quickMenuOrder = {"translate", "ai", "layout"};
+        s.quickMenuActions = {"layout", "ai"};
+    });
+    quickMenu.setAction("ai", false);
+    EXPECT_EQ(state.settings().quickMenuActions, QStringList{"layout"});
+    quickMenu.setAction("ai", true);
+    EXPECT_EQ(state.settings().quickMenuActions, (QStringList{"ai", "layout"}));
+    EXPECT_EQ(quickMenu.orderedActions().mid(0, 3), (QStringList{"translate", "ai", "layout"}));
+
+    const int saves = defaults.writeCount();
+    quickMenu.moveAction(0, -1);
+    quickMenu.moveAction(quickMenu.orderedActions().size() - 1, +1);
+    EXPECT_EQ(defaults.writeCount(), saves);
+    quickMenu.moveAction(2, -1);
+    EXPECT_EQ(state.settings().quickMenuOrder.mid(0, 3), (QStringList{"translate", "layout", "ai"}));
+    EXPECT_EQ(state.settings().quickMenuActions, (QStringList{"layout", "ai"}));
+}
+
+TEST_F(SettingsPageModelsTest, ResetsBringTheCataloguesBackAndLeaveTheQuickMenuIds)
+{
+    state.addPromptStyle();
+    const QString custom = "style:" + state.promptStyles().last().id;
+    ASSERT_TRUE(state.settings().quickMenuActions.contains(custom));
+    PromptStyle changed = state.promptStyles().first();
+    changed.prompt = "Changed";
+    state.updatePromptStyle(changed);
+
+    catalogue.resetPromptStyles();
+    EXPECT_EQ(state.promptStyles().size(), 17);
+    EXPECT_NE(state.promptStyles().first().prompt, "Changed");
+    EXPECT_TRUE(state.settings().quickMenuActions.contains(custom));
+    configure([](MivoraSettings& s) { s.uiLanguage = UiLanguage::ru; });
+    EXPECT_EQ(state.title(QuickAction(custom)), "Действие");
+
+    state.addAIReplyStyle();
+    catalogue.resetAIReplyStyles();
+    EXPECT_EQ(state.aiReplyStyles().size(), 17);
+    EXPECT_EQ(StyleCatalogueSettingsModel::replyHint(UiLanguage::ru, "Super", "Alt"),
+              "Выделите сообщение и нажмите Super + Alt с клавишей стиля ответа.");
+}
+
+TEST_F(SettingsPageModelsTest, ATestRunOfAnEmptyInputFailsWithTheBackendsTextAndKeepsTheInput)
+{
+    ActionsSettingsModel actions(state);
+    for (const QuickAction& action : actions.runnableActions()) {
+        EXPECT_NE(action.id, "ai");
+        EXPECT_NE(action.id, "clipboard");
+        EXPECT_NE(action.id, "layout");
+    }
+    EXPECT_EQ(actions.runnableActions().first().id, "translate");
+
+    backend.answer = [](const QString& input) -> QString {
+        if (input.trimmed().isEmpty()) {
+            throw BackendClientError::emptyInput();
+        }
+        return input.toUpper();
+    };
+    state.setSampleText("  ");
+    actions.run(QuickAction("translate"));
+    clock.advance(10ms);
+    EXPECT_EQ(state.status(), ActionStatus::failed("No text to process."));
+    EXPECT_EQ(state.sampleText(), "  ");
+
+    state.setSampleText("hi");
+    actions.run(QuickAction("style:friendly"));
+    clock.advance(10ms);
+    EXPECT_EQ(state.sampleText(), "HI");
+    EXPECT_EQ(state.latestOutput(), "HI");
+}
+
+TEST_F(SettingsPageModelsTest, ShortcutRowsNameEveryTilingIdAndOfferTheDisplayOnlyWhenAsked)
+{
+    bool display = false;
+    ShortcutsSettingsModel shortcuts(state, [&display] { return display; });
+    EXPECT_EQ(shortcuts.tilingIds().size(), 13);
+    display = true;
+    EXPECT_EQ(shortcuts.tilingIds().last(), "builtInDisplay");
+    EXPECT_EQ(ShortcutsSettingsModel(state, {}).tilingIds().size(), 13);
+    for (const QString& id : WindowTilingHotkeys::registrationOrder()) {
+        EXPECT_NE(ShortcutsSettingsModel::tilingText(id, UiLanguage::en).title, id);
+    }
+    EXPECT_EQ(ShortcutsSettingsModel::tilingText("full", UiLanguage::ru).subtitle, "Активное окно");
+
+    configure([](MivoraSettings& s) { s.windowTilingHotkeys.remove("fill"); });
+    EXPECT_EQ(shortcuts.tilingHotkey("fill"), "Not assigned");
+    shortcuts.setStyleHotkey("humor", "Alt+H");
+    EXPECT_EQ(state.promptStyles()[7].hotkey, "Alt+H");
 }
 
 } // namespace
