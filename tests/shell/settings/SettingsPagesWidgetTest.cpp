@@ -1,6 +1,6 @@
 #include "AppStateHarness.h"
 #include "hotkeys/views/HotkeyRecorderField.h"
-#include "shell/settings/views/LayoutSettingsPage.h"
+#include "shell/settings/views/LayoutSettingsView.h"
 #include "shell/settings/views/QuickMenuSettingsView.h"
 #include "shell/settings/views/StyleEditorCard.h"
 #include "shell/settings/views/StylesSettingsView.h"
@@ -32,7 +32,7 @@ TEST_F(SettingsPagesWidgetTest, TheLayoutPickersShowStoredNamesWithoutRewritingT
     QObject::connect(&state, &MivoraAppState::settingsChanged, [&] { ++saves; });
 
     // Filling the pickers as the page appears, and again in another language, writes nothing.
-    LayoutSettingsPage page(state, layout, nullptr, nullptr);
+    LayoutSettingsView page(state, layout, nullptr, nullptr);
     page.show();
     QApplication::processEvents();
     const QList<QComboBox*> pickers = page.findChildren<QComboBox*>();

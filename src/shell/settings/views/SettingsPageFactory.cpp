@@ -4,13 +4,13 @@
 #include "shell/settings/SettingsPageServices.h"
 #include "shell/settings/views/AIReplySettingsView.h"
 #include "shell/settings/views/ActionsSettingsView.h"
-#include "shell/settings/views/ClipboardSettingsPage.h"
-#include "shell/settings/views/LayoutSettingsPage.h"
-#include "shell/settings/views/PermissionsSettingsPage.h"
+#include "shell/settings/views/ClipboardSettingsView.h"
+#include "shell/settings/views/LayoutSettingsView.h"
+#include "shell/settings/views/PermissionsSettingsView.h"
 #include "shell/settings/views/QuickMenuSettingsView.h"
 #include "shell/settings/views/ShortcutsSettingsView.h"
 #include "shell/settings/views/StylesSettingsView.h"
-#include "shell/settings/views/UpdatesSettingsPage.h"
+#include "shell/settings/views/UpdatesSettingsView.h"
 
 QWidget* SettingsPageFactory::make(SettingsPage page, MivoraAppState& appState,
                                    const SettingsPageServices& services)
@@ -31,16 +31,16 @@ QWidget* SettingsPageFactory::make(SettingsPage page, MivoraAppState& appState,
         return nullptr;
     // The pages below need their service; without it the window shows the placeholder.
     case SettingsPage::clipboard:
-        return services.clipboardHistory ? new ClipboardSettingsPage(appState, *services.clipboardHistory)
+        return services.clipboardHistory ? new ClipboardSettingsView(appState, *services.clipboardHistory)
                                          : nullptr;
     case SettingsPage::layout:
-        return services.keyboardLayout ? new LayoutSettingsPage(appState, *services.keyboardLayout,
+        return services.keyboardLayout ? new LayoutSettingsView(appState, *services.keyboardLayout,
                                                                 services.applications, services.hotkeys)
                                        : nullptr;
     case SettingsPage::permissions:
-        return services.permissions ? new PermissionsSettingsPage(appState, *services.permissions) : nullptr;
+        return services.permissions ? new PermissionsSettingsView(appState, *services.permissions) : nullptr;
     case SettingsPage::updates:
-        return services.updates ? new UpdatesSettingsPage(appState, *services.updates,
+        return services.updates ? new UpdatesSettingsView(appState, *services.updates,
                                                           DeploymentConfiguration::builtIn().currentVersion)
                                 : nullptr;
     }

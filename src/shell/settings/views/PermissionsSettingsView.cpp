@@ -1,4 +1,4 @@
-#include "shell/settings/views/PermissionsSettingsPage.h"
+#include "shell/settings/views/PermissionsSettingsView.h"
 
 #include "core/MivoraAppState.h"
 #include "exchange/PermissionController.h"
@@ -28,7 +28,7 @@ QWidget* buttonLine(std::initializer_list<QPushButton*> buttons)
 
 } // namespace
 
-PermissionsSettingsPage::PermissionsSettingsPage(MivoraAppState& appState, PermissionController& permissions,
+PermissionsSettingsView::PermissionsSettingsView(MivoraAppState& appState, PermissionController& permissions,
                                                  QWidget* parent)
     : SettingsPageWidget(appState, parent), m_permissions(permissions)
 {
@@ -64,17 +64,17 @@ PermissionsSettingsPage::PermissionsSettingsPage(MivoraAppState& appState, Permi
     connect(m_openInputMonitoring, &QPushButton::clicked, this,
             [this] { m_permissions.openPermissionSettings(PermissionSettingsTarget::inputMonitoring); });
     connect(m_reset, &QPushButton::clicked, this, [this] { m_permissions.resetMivoraPermissions(true); });
-    connect(&appState, &MivoraAppState::permissionStateChanged, this, &PermissionsSettingsPage::refresh);
+    connect(&appState, &MivoraAppState::permissionStateChanged, this, &PermissionsSettingsView::refresh);
     followState();
 }
 
-void PermissionsSettingsPage::showEvent(QShowEvent* event)
+void PermissionsSettingsView::showEvent(QShowEvent* event)
 {
     SettingsPageWidget::showEvent(event);
     m_permissions.refreshPermissions();
 }
 
-void PermissionsSettingsPage::showBadge(SettingsRow* row, bool granted)
+void PermissionsSettingsView::showBadge(SettingsRow* row, bool granted)
 {
     const QList<QLabel*> parts = row->control()->findChildren<QLabel*>();
     const QColor ink = granted ? QColor(52, 168, 83) : QColor(230, 140, 30);
@@ -86,7 +86,7 @@ void PermissionsSettingsPage::showBadge(SettingsRow* row, bool granted)
                               : localized(language(), "Needs Access", "Нужен доступ"));
 }
 
-void PermissionsSettingsPage::refresh()
+void PermissionsSettingsView::refresh()
 {
     const PermissionState& state = m_appState.permissionState();
     m_grants[0]->setTitle(localized(language(), "Accessibility", "Универсальный доступ"));

@@ -9,10 +9,10 @@ class SettingsRow;
 
 // The Permissions page: a badge for each grant and the buttons that refresh, request, open the settings of
 // each grant and reset them. The grants are read again each time the page appears.
-class PermissionsSettingsPage : public SettingsPageWidget {
+class PermissionsSettingsView : public SettingsPageWidget {
     Q_OBJECT
 public:
-    PermissionsSettingsPage(MivoraAppState& appState, PermissionController& permissions,
+    PermissionsSettingsView(MivoraAppState& appState, PermissionController& permissions,
                             QWidget* parent = nullptr);
 
 protected:

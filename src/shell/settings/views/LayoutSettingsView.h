@@ -16,11 +16,11 @@ class SettingsRow;
 
 // The Layout page: detection and the two layout pickers, the layout fix's switch and hotkey, and the
 // per-application rules with "Add application".
-class LayoutSettingsPage : public SettingsPageWidget {
+class LayoutSettingsView : public SettingsPageWidget {
     Q_OBJECT
 public:
     // catalog may be null where the platform cannot list its applications: "Add application" is left out.
-    LayoutSettingsPage(MivoraAppState& appState, KeyboardLayoutService& layouts, ApplicationCatalog* catalog,
+    LayoutSettingsView(MivoraAppState& appState, KeyboardLayoutService& layouts, ApplicationCatalog* catalog,
                        GlobalHotkeySuspension* hotkeys, QWidget* parent = nullptr);
 
     LayoutSettingsModel& model() { return *m_model; }

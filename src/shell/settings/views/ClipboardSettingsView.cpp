@@ -1,4 +1,4 @@
-#include "shell/settings/views/ClipboardSettingsPage.h"
+#include "shell/settings/views/ClipboardSettingsView.h"
 
 #include "core/MivoraAppState.h"
 #include "shell/settings/ClipboardSettingsModel.h"
@@ -13,7 +13,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-ClipboardSettingsPage::ClipboardSettingsPage(MivoraAppState& appState, ClipboardHistoryService& history,
+ClipboardSettingsView::ClipboardSettingsView(MivoraAppState& appState, ClipboardHistoryService& history,
                                              QWidget* parent)
     : SettingsPageWidget(appState, parent), m_model(new ClipboardSettingsModel(appState, history, this))
 {
@@ -55,13 +55,13 @@ ClipboardSettingsPage::ClipboardSettingsPage(MivoraAppState& appState, Clipboard
     followState();
 }
 
-void ClipboardSettingsPage::showEvent(QShowEvent* event)
+void ClipboardSettingsView::showEvent(QShowEvent* event)
 {
     SettingsPageWidget::showEvent(event);
     refreshItems();
 }
 
-void ClipboardSettingsPage::refresh()
+void ClipboardSettingsView::refresh()
 {
     m_historyEnabled->setTitle(
         localized(language(), "Keep local clipboard history", "Хранить локальную историю буфера"));
@@ -77,7 +77,7 @@ void ClipboardSettingsPage::refresh()
     refreshItems();
 }
 
-void ClipboardSettingsPage::refreshItems()
+void ClipboardSettingsView::refreshItems()
 {
     if (!m_itemsStale || !isVisible()) {
         return;

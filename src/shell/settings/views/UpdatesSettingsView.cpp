@@ -1,4 +1,4 @@
-#include "shell/settings/views/UpdatesSettingsPage.h"
+#include "shell/settings/views/UpdatesSettingsView.h"
 
 #include "core/MivoraAppState.h"
 #include "shell/settings/UpdatesSettingsModel.h"
@@ -12,7 +12,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-UpdatesSettingsPage::UpdatesSettingsPage(MivoraAppState& appState, AppUpdateManager& updates,
+UpdatesSettingsView::UpdatesSettingsView(MivoraAppState& appState, AppUpdateManager& updates,
                                          const QString& currentVersion, QWidget* parent)
     : SettingsPageWidget(appState, parent),
       m_model(new UpdatesSettingsModel(appState, updates, currentVersion, this))
@@ -79,11 +79,11 @@ UpdatesSettingsPage::UpdatesSettingsPage(MivoraAppState& appState, AppUpdateMana
     connect(automatic, &SettingsSwitch::toggled, m_model, &UpdatesSettingsModel::setAutomaticChecks);
     connect(notifications, &SettingsSwitch::toggled, m_model, &UpdatesSettingsModel::setNotifications);
     // The model also speaks for the update manager, whose changes are no settings change.
-    connect(m_model, &UpdatesSettingsModel::changed, this, &UpdatesSettingsPage::refresh);
+    connect(m_model, &UpdatesSettingsModel::changed, this, &UpdatesSettingsView::refresh);
     followState();
 }
 
-void UpdatesSettingsPage::refresh()
+void UpdatesSettingsView::refresh()
 {
     m_heading->setText(localized(language(), "Updates", "Обновления"));
     m_statusIcon->setPixmap(

@@ -11,10 +11,10 @@ class UpdatesSettingsModel;
 
 // The Updates page: the status of the last check with its message, the version rows, the release notes,
 // the check and install buttons, and the two switches of automatic checks and notifications.
-class UpdatesSettingsPage : public SettingsPageWidget {
+class UpdatesSettingsView : public SettingsPageWidget {
     Q_OBJECT
 public:
-    UpdatesSettingsPage(MivoraAppState& appState, AppUpdateManager& updates, const QString& currentVersion,
+    UpdatesSettingsView(MivoraAppState& appState, AppUpdateManager& updates, const QString& currentVersion,
                         QWidget* parent = nullptr);
 
 protected:

@@ -13,10 +13,10 @@ class SettingsSwitch;
 
 // The Clipboard page: the history switch, the limit stepper, the kept days, clearing, and the recent items,
 // each with put-back and delete.
-class ClipboardSettingsPage : public SettingsPageWidget {
+class ClipboardSettingsView : public SettingsPageWidget {
     Q_OBJECT
 public:
-    ClipboardSettingsPage(MivoraAppState& appState, ClipboardHistoryService& history,
+    ClipboardSettingsView(MivoraAppState& appState, ClipboardHistoryService& history,
                           QWidget* parent = nullptr);
 
 protected:

@@ -1,4 +1,4 @@
-#include "shell/settings/views/LayoutSettingsPage.h"
+#include "shell/settings/views/LayoutSettingsView.h"
 
 #include "core/MivoraAppState.h"
 #include "hotkeys/views/HotkeyRecorderField.h"
@@ -18,7 +18,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-LayoutSettingsPage::LayoutSettingsPage(MivoraAppState& appState, KeyboardLayoutService& layouts,
+LayoutSettingsView::LayoutSettingsView(MivoraAppState& appState, KeyboardLayoutService& layouts,
                                        ApplicationCatalog* catalog, GlobalHotkeySuspension* hotkeys,
                                        QWidget* parent)
     : SettingsPageWidget(appState, parent), m_catalog(catalog),
@@ -65,17 +65,17 @@ LayoutSettingsPage::LayoutSettingsPage(MivoraAppState& appState, KeyboardLayoutS
     connect(m_addApplication, &QPushButton::clicked, this, [this] {
         m_model->addApplication(ApplicationChooserDialog::choose(*m_catalog, language(), this));
     });
-    connect(m_model, &LayoutSettingsModel::layoutNamesChanged, this, &LayoutSettingsPage::refresh);
+    connect(m_model, &LayoutSettingsModel::layoutNamesChanged, this, &LayoutSettingsView::refresh);
     followState();
 }
 
-void LayoutSettingsPage::showEvent(QShowEvent* event)
+void LayoutSettingsView::showEvent(QShowEvent* event)
 {
     SettingsPageWidget::showEvent(event);
     m_model->loadLayoutNames();
 }
 
-void LayoutSettingsPage::fillPicker(QComboBox* picker, const QStringList& choices, const QString& current)
+void LayoutSettingsView::fillPicker(QComboBox* picker, const QStringList& choices, const QString& current)
 {
     // Filling announces nothing: only the user's pick is an edit. The list stays when it is the same, since
     // this also runs inside the picker's own change signal.
@@ -91,7 +91,7 @@ void LayoutSettingsPage::fillPicker(QComboBox* picker, const QStringList& choice
     picker->setCurrentIndex(int(choices.indexOf(current)));
 }
 
-void LayoutSettingsPage::refresh()
+void LayoutSettingsView::refresh()
 {
     const MivoraSettings& settings = m_appState.settings();
     m_detect->setText(localized(language(), "Detect system layouts", "Определить системные раскладки"));
@@ -116,7 +116,7 @@ void LayoutSettingsPage::refresh()
     refreshRules();
 }
 
-void LayoutSettingsPage::refreshRules()
+void LayoutSettingsView::refreshRules()
 {
     const MivoraSettings& settings = m_appState.settings();
     if (m_shownLanguage == settings.uiLanguage && m_shownRules == settings.appLayoutRules &&
