@@ -32,8 +32,8 @@
 #include "platform/UrlOpener.h"
 #include "shell/MenuBarController.h"
 #include "shell/MivoraAppDelegate.h"
-#include "shell/PendingPanelTargets.h"
 #include "shell/PendingWindowTargets.h"
+#include "shell/ResidentPanels.h"
 #include "shell/TraySurface.h"
 #include "text/KeyboardLayoutService.h"
 #include "text/MivoraCore.h"
@@ -79,7 +79,7 @@ MivoraNativeApp::MivoraNativeApp(const Views& views, QObject* parent)
     m_permissionService = std::make_unique<PermissionService>(*m_platform.processRunner);
     m_permissions = std::make_unique<PermissionController>(*m_appState, *m_clock, *m_platform.permissions,
                                                            *m_permissionService, *m_platform.urlOpener);
-    m_panels = std::make_unique<PendingPanelTargets>();
+    m_panels = std::make_unique<ResidentPanels>();
     m_windows = std::make_unique<PendingWindowTargets>();
     m_hotkeys = std::make_unique<HotkeyService>(
         HotkeyService::Services{*m_platform.hotkeyRegistrar, *m_platform.workspace, *m_focus, *m_quietReader,
@@ -113,7 +113,7 @@ void MivoraNativeApp::makeFace(const Views& views)
                                     quit();
                                 }
                             },
-                            {}});
+                            [this] { m_panels->toggleQuickPanel(); }});
         m_delegate = std::make_unique<MivoraAppDelegate>(
             MivoraAppDelegate::Services{*m_clock, *m_defaults, *m_mainWindow, views.trayHostAvailable});
     }
@@ -125,6 +125,9 @@ void MivoraNativeApp::makeFace(const Views& views)
     if (views.makeTray) {
         MenuBarController::Actions actions;
         actions.showMainWindow = [this] { showMainWindow(); };
+        actions.toggleQuickPanel = [this] { m_panels->toggleQuickPanel(); };
+        actions.toggleClipboardPanel = [this] { m_panels->toggleClipboardPanel(); };
+        actions.showTranslationPreview = [this] { m_panels->showTranslationPreview(); };
         actions.refreshPermissions = [this] { m_permissions->refreshPermissions(); };
         actions.quit = [this] { quit(); };
         m_menuBar = std::make_unique<MenuBarController>(views.makeTray, std::move(actions));

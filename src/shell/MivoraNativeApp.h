@@ -25,7 +25,7 @@ class MivoraCore;
 class NativeSettingsStore;
 class PasteboardService;
 class PasteboardTextExchange;
-class PendingPanelTargets;
+class ResidentPanels;
 class PendingWindowTargets;
 class PermissionController;
 class PermissionService;
@@ -91,7 +91,7 @@ private:
     std::unique_ptr<MivoraAppState> m_appState;
     std::unique_ptr<PermissionService> m_permissionService;
     std::unique_ptr<PermissionController> m_permissions;
-    std::unique_ptr<PendingPanelTargets> m_panels;
+    std::unique_ptr<ResidentPanels> m_panels;
     std::unique_ptr<PendingWindowTargets> m_windows;
     std::unique_ptr<HotkeyService> m_hotkeys;
     std::unique_ptr<AppUpdateManager> m_updateManager;
