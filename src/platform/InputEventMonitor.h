@@ -3,13 +3,21 @@
 #include "platform/ListenerList.h"
 
 #include <QFlags>
+#include <QPoint>
 #include <QtGlobal>
 #include <functional>
 #include <memory>
 
 // One input event seen by a monitor. Monitors only watch: the event goes on to its target unchanged.
 struct MonitoredInputEvent {
-    enum class Kind { leftMouseDown = 0x1, rightMouseDown = 0x2, otherMouseDown = 0x4, keyDown = 0x8 };
+    enum class Kind {
+        leftMouseDown = 0x1,
+        rightMouseDown = 0x2,
+        otherMouseDown = 0x4,
+        keyDown = 0x8,
+        leftMouseUp = 0x10,
+        keyUp = 0x20,
+    };
     Q_DECLARE_FLAGS(Kinds, Kind)
 
     Kind kind = Kind::leftMouseDown;
@@ -18,6 +26,10 @@ struct MonitoredInputEvent {
     // Opaque identity of this program's window that receives the event; null when the event goes to
     // another application.
     const void* window = nullptr;
+    // Whether Alt (the Option key of other platforms) was held at the event.
+    bool optionHeld = false;
+    // The pointer at the event, in the desktop's top-left, y-down pixels.
+    QPoint pointer;
 };
 Q_DECLARE_OPERATORS_FOR_FLAGS(MonitoredInputEvent::Kinds)
 

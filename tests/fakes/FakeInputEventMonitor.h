@@ -12,6 +12,16 @@ public:
     }
 
     void deliver(const MonitoredInputEvent& event) { m_monitors.notify(event); }
+    // An event of this kind; the rest of it (key, receiving window, Alt, pointer) is filled in by the caller.
+    static MonitoredInputEvent event(MonitoredInputEvent::Kind kind, quint16 macKeyCode = 0,
+                                     const void* window = nullptr)
+    {
+        MonitoredInputEvent made;
+        made.kind = kind;
+        made.macKeyCode = macKeyCode;
+        made.window = window;
+        return made;
+    }
     bool hasMonitors() { return !m_monitors.isEmpty(); }
 
 private:

@@ -81,7 +81,8 @@ protected:
     }
     void outsideClick()
     {
-        globalEvents.deliver({MonitoredInputEvent::Kind::leftMouseDown, 0, nullptr});
+        globalEvents.deliver(
+            FakeInputEventMonitor::event(MonitoredInputEvent::Kind::leftMouseDown, 0, nullptr));
         QCoreApplication::processEvents();
     }
 
@@ -97,11 +98,11 @@ protected:
 
 TEST_F(DismissMonitorTest, EscapeAnywhereAndClicksOutsideDismiss)
 {
-    local({MonitoredInputEvent::Kind::keyDown, 53, &otherWindow});
+    local(FakeInputEventMonitor::event(MonitoredInputEvent::Kind::keyDown, 53, &otherWindow));
     EXPECT_EQ(dismissals, 1) << "Escape counts even in another window of this program";
-    local({MonitoredInputEvent::Kind::keyDown, 53, &panelWindow});
+    local(FakeInputEventMonitor::event(MonitoredInputEvent::Kind::keyDown, 53, &panelWindow));
     EXPECT_EQ(dismissals, 2);
-    local({MonitoredInputEvent::Kind::rightMouseDown, 0, &otherWindow});
+    local(FakeInputEventMonitor::event(MonitoredInputEvent::Kind::rightMouseDown, 0, &otherWindow));
     EXPECT_EQ(dismissals, 3);
     outsideClick();
     EXPECT_EQ(dismissals, 4);
@@ -109,16 +110,16 @@ TEST_F(DismissMonitorTest, EscapeAnywhereAndClicksOutsideDismiss)
 
 TEST_F(DismissMonitorTest, InsideThePanelAndTypingElsewhereNeverDismiss)
 {
-    local({MonitoredInputEvent::Kind::leftMouseDown, 0, &panelWindow});
-    local({MonitoredInputEvent::Kind::keyDown, 0, &panelWindow});
-    local({MonitoredInputEvent::Kind::keyDown, 0, &otherWindow});
+    local(FakeInputEventMonitor::event(MonitoredInputEvent::Kind::leftMouseDown, 0, &panelWindow));
+    local(FakeInputEventMonitor::event(MonitoredInputEvent::Kind::keyDown, 0, &panelWindow));
+    local(FakeInputEventMonitor::event(MonitoredInputEvent::Kind::keyDown, 0, &otherWindow));
     EXPECT_EQ(dismissals, 0);
 }
 
 TEST_F(DismissMonitorTest, AHiddenPanelOrARemovedMonitorDoesNothing)
 {
     panelVisible = false;
-    local({MonitoredInputEvent::Kind::keyDown, 53, &panelWindow});
+    local(FakeInputEventMonitor::event(MonitoredInputEvent::Kind::keyDown, 53, &panelWindow));
     outsideClick();
     EXPECT_EQ(dismissals, 0);
 
@@ -144,7 +145,7 @@ TEST_F(DismissMonitorTest, AnEventQueuedBeforeTheMonitorWentIsDropped)
         [this] { ++dismissals; });
     monitor.remove();
     doomed->install();
-    globalEvents.deliver({MonitoredInputEvent::Kind::leftMouseDown, 0, nullptr});
+    globalEvents.deliver(FakeInputEventMonitor::event(MonitoredInputEvent::Kind::leftMouseDown, 0, nullptr));
     doomed.reset();
     QCoreApplication::processEvents();
     EXPECT_EQ(dismissals, 0);

@@ -101,6 +101,76 @@ TEST_F(X11FaceTest, OutsideClicksReachTheGlobalMonitorButClicksOnOwnWindowsDoNot
     EXPECT_EQ(presses.size(), 2);
 }
 
+TEST_F(X11FaceTest, GestureEndsAndTheAltStateReachTheGlobalMonitorWithoutTheKeys)
+{
+    X11GlobalInputMonitor monitor(pump);
+    QList<MonitoredInputEvent> seen;
+    auto handle =
+        monitor.addMonitor(MonitoredInputEvent::Kind::leftMouseDown | MonitoredInputEvent::Kind::leftMouseUp |
+                               MonitoredInputEvent::Kind::keyUp,
+                           [&](const MonitoredInputEvent& event) { seen.append(event); });
+    ASSERT_TRUE(handle);
+    TestFieldProcess other;
+    ASSERT_TRUE(other.start(QStringLiteral("mivora-gesture-other"), QStringLiteral("Gesture target")));
+    ASSERT_TRUE(other.waitForFocus());
+
+    // A key typed and released in another application: only that a key went up, never which.
+    ASSERT_TRUE(runTool(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("--delay"),
+                                                    QStringLiteral("120"), QStringLiteral("x")}));
+    ASSERT_TRUE(spinUntil([&] { return !seen.isEmpty(); }));
+    EXPECT_EQ(seen.last().kind, MonitoredInputEvent::Kind::keyUp);
+    EXPECT_EQ(seen.last().macKeyCode, 0);
+
+    // Alt held through a click, as a person starts a drag: both ends carry Alt and the pointer.
+    seen.clear();
+    const QStringList altClick{QStringLiteral("search"),
+                               QStringLiteral("--sync"),
+                               QStringLiteral("--onlyvisible"),
+                               QStringLiteral("--name"),
+                               QStringLiteral("^Gesture target$"),
+                               QStringLiteral("mousemove"),
+                               QStringLiteral("--window"),
+                               QStringLiteral("%1"),
+                               QStringLiteral("30"),
+                               QStringLiteral("25"),
+                               QStringLiteral("keydown"),
+                               QStringLiteral("alt"),
+                               QStringLiteral("sleep"),
+                               QStringLiteral("0.15"),
+                               QStringLiteral("mousedown"),
+                               QStringLiteral("1"),
+                               QStringLiteral("sleep"),
+                               QStringLiteral("0.2"),
+                               QStringLiteral("mouseup"),
+                               QStringLiteral("1"),
+                               QStringLiteral("sleep"),
+                               QStringLiteral("0.1"),
+                               QStringLiteral("keyup"),
+                               QStringLiteral("alt")};
+    ASSERT_TRUE(runTool(QStringLiteral("xdotool"), altClick));
+    ASSERT_TRUE(spinUntil([&] {
+        return std::any_of(seen.begin(), seen.end(), [](const MonitoredInputEvent& e) {
+            return e.kind == MonitoredInputEvent::Kind::leftMouseUp;
+        });
+    }));
+    const auto down = std::find_if(seen.begin(), seen.end(), [](const MonitoredInputEvent& e) {
+        return e.kind == MonitoredInputEvent::Kind::leftMouseDown;
+    });
+    ASSERT_NE(down, seen.end());
+    EXPECT_TRUE(down->optionHeld);
+    // The pointer has not moved since the press.
+    Window root = 0;
+    Window child = 0;
+    int x = 0;
+    int y = 0;
+    int windowX = 0;
+    int windowY = 0;
+    unsigned mask = 0;
+    XQueryPointer(display.get(), DefaultRootWindow(display.get()), &root, &child, &x, &y, &windowX, &windowY,
+                  &mask);
+    EXPECT_EQ(down->pointer, QPoint(x, y));
+}
+
 TEST_F(X11FaceTest, SurfacesAreSolidExactlyWhileNoCompositorRuns)
 {
     X11CompositorSurfaceSignals compositorSignal(display.get());

@@ -20,7 +20,7 @@ ListenerSubscription QtLocalInputMonitor::addMonitor(MonitoredInputEvent::Kinds 
 
 bool QtLocalInputMonitor::eventFilter(QObject* watched, QEvent* event)
 {
-    // Every event passes through here; only window-level presses matter, and only while someone watches.
+    // Every event passes through here; only presses and releases matter, and only while someone watches.
     if (!watched->isWidgetType() || m_monitors.isEmpty()) {
         return false;
     }
@@ -30,10 +30,15 @@ bool QtLocalInputMonitor::eventFilter(QObject* watched, QEvent* event)
         seen.kind = button == Qt::LeftButton    ? MonitoredInputEvent::Kind::leftMouseDown
                     : button == Qt::RightButton ? MonitoredInputEvent::Kind::rightMouseDown
                                                 : MonitoredInputEvent::Kind::otherMouseDown;
+    } else if (event->type() == QEvent::MouseButtonRelease &&
+               static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+        seen.kind = MonitoredInputEvent::Kind::leftMouseUp;
     } else if (event->type() == QEvent::KeyPress) {
         seen.kind = MonitoredInputEvent::Kind::keyDown;
         // Only Escape means anything to the watchers; it carries its macOS key code.
         seen.macKeyCode = static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape ? 53 : 0;
+    } else if (event->type() == QEvent::KeyRelease && !static_cast<QKeyEvent*>(event)->isAutoRepeat()) {
+        seen.kind = MonitoredInputEvent::Kind::keyUp;
     } else {
         return false;
     }

@@ -5,8 +5,9 @@
 #include <QEvent>
 #include <QObject>
 
-// Mouse presses and key presses going to this program's own windows, watched through an application-wide
-// event filter that never takes an event. The window reported is the receiving widget's top-level window.
+// Mouse presses, left-button releases and key presses and releases going to this program's own windows,
+// watched through an application-wide event filter that never takes an event. The window reported is the
+// receiving widget's top-level window.
 class QtLocalInputMonitor : public QObject, public InputEventMonitor {
     Q_OBJECT
 public:

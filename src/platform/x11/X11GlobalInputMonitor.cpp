@@ -13,10 +13,12 @@ X11GlobalInputMonitor::X11GlobalInputMonitor(X11EventPump& pump) : m_pump(pump)
     Display* display = m_pump.display();
     int event = 0;
     int error = 0;
+    // From XInput 2.1 on, raw events arrive even while another client grabs the device, as window managers
+    // do for their Alt+drag move; a 2.0 client would miss exactly the drags the window swap follows.
     int major = 2;
-    int minor = 0;
+    int minor = 2;
     if (!display || !XQueryExtension(display, "XInputExtension", &m_xiOpcode, &event, &error) ||
-        XIQueryVersion(display, &major, &minor) != Success) {
+        XIQueryVersion(display, &major, &minor) != Success || minor < 1) {
         m_xiOpcode = -1;
         return;
     }
@@ -26,7 +28,7 @@ X11GlobalInputMonitor::X11GlobalInputMonitor(X11EventPump& pump) : m_pump(pump)
 X11GlobalInputMonitor::~X11GlobalInputMonitor()
 {
     if (m_selected) {
-        selectRawPresses(false);
+        selectRawEvents(false);
     }
 }
 
@@ -38,18 +40,20 @@ X11GlobalInputMonitor::addMonitor(MonitoredInputEvent::Kinds kinds,
         return {};
     }
     if (!m_selected) {
-        selectRawPresses(true);
+        selectRawEvents(true);
     }
     return subscribeFiltered(m_monitors, kinds, std::move(handler));
 }
 
-void X11GlobalInputMonitor::selectRawPresses(bool on)
+void X11GlobalInputMonitor::selectRawEvents(bool on)
 {
     m_selected = on;
     Display* display = m_pump.display();
     unsigned char mask[XIMaskLen(XI_LASTEVENT)] = {};
     if (on) {
         XISetMask(mask, XI_RawButtonPress);
+        XISetMask(mask, XI_RawButtonRelease);
+        XISetMask(mask, XI_RawKeyRelease);
     }
     XIEventMask eventMask{XIAllMasterDevices, int(sizeof(mask)), mask};
     XISelectEvents(display, DefaultRootWindow(display), &eventMask, 1);
@@ -59,44 +63,72 @@ void X11GlobalInputMonitor::selectRawPresses(bool on)
 void X11GlobalInputMonitor::handle(const XEvent& event)
 {
     if (event.type != GenericEvent || event.xcookie.extension != m_xiOpcode ||
-        event.xcookie.evtype != XI_RawButtonPress) {
+        (event.xcookie.evtype != XI_RawButtonPress && event.xcookie.evtype != XI_RawButtonRelease &&
+         event.xcookie.evtype != XI_RawKeyRelease)) {
         return;
     }
     if (m_monitors.isEmpty()) {
-        selectRawPresses(false);
+        selectRawEvents(false);
         return;
     }
-    // The cookie's data is fetched into a copy; Xlib releases unclaimed data at the next read.
-    XEvent copy = event;
-    Display* display = m_pump.display();
-    if (!XGetEventData(display, &copy.xcookie)) {
-        return;
-    }
-    const int button = static_cast<const XIRawEvent*>(copy.xcookie.data)->detail;
-    XFreeEventData(display, &copy.xcookie);
-
-    MonitoredInputEvent pressed;
-    if (button == 1) {
-        pressed.kind = MonitoredInputEvent::Kind::leftMouseDown;
-    } else if (button == 3) {
-        pressed.kind = MonitoredInputEvent::Kind::rightMouseDown;
-    } else if (button == 2 || button > 7) {
-        pressed.kind = MonitoredInputEvent::Kind::otherMouseDown;
+    MonitoredInputEvent seen;
+    if (event.xcookie.evtype == XI_RawKeyRelease) {
+        seen.kind = MonitoredInputEvent::Kind::keyUp;
+        if (focusInOwnWindow()) {
+            return;
+        }
     } else {
-        // Buttons 4 to 7 are the wheel: scrolling is no click.
-        return;
+        // The cookie's data is fetched into a copy; Xlib releases unclaimed data at the next read.
+        XEvent copy = event;
+        Display* display = m_pump.display();
+        if (!XGetEventData(display, &copy.xcookie)) {
+            return;
+        }
+        const int button = static_cast<const XIRawEvent*>(copy.xcookie.data)->detail;
+        XFreeEventData(display, &copy.xcookie);
+        const bool pressed = event.xcookie.evtype == XI_RawButtonPress;
+        if (button == 1) {
+            seen.kind =
+                pressed ? MonitoredInputEvent::Kind::leftMouseDown : MonitoredInputEvent::Kind::leftMouseUp;
+        } else if (!pressed) {
+            // Only the left button's release ends a gesture anyone watches.
+            return;
+        } else if (button == 3) {
+            seen.kind = MonitoredInputEvent::Kind::rightMouseDown;
+        } else if (button == 2 || button > 7) {
+            seen.kind = MonitoredInputEvent::Kind::otherMouseDown;
+        } else {
+            // Buttons 4 to 7 are the wheel: scrolling is no click.
+            return;
+        }
+        if (pointerOverOwnWindow()) {
+            return;
+        }
     }
-    if (pointerOverOwnWindow()) {
-        return;
+    readPointer(seen);
+    m_monitors.notify(seen);
+}
+
+void X11GlobalInputMonitor::readPointer(MonitoredInputEvent& event) const
+{
+    Display* display = m_pump.display();
+    Window root = 0;
+    Window child = 0;
+    int rootX = 0;
+    int rootY = 0;
+    int x = 0;
+    int y = 0;
+    unsigned mask = 0;
+    if (XQueryPointer(display, DefaultRootWindow(display), &root, &child, &rootX, &rootY, &x, &y, &mask)) {
+        event.pointer = QPoint(rootX, rootY);
+        event.optionHeld = (mask & Mod1Mask) != 0;
     }
-    m_monitors.notify(pressed);
 }
 
 bool X11GlobalInputMonitor::pointerOverOwnWindow() const
 {
     Display* display = m_pump.display();
     const X11ErrorTrap trap(display);
-    const Atom pidAtom = XInternAtom(display, "_NET_WM_PID", False);
     // From the top-level window under the pointer (a window manager's frame, or an override-redirect panel)
     // down to the client window that names its process.
     Window window = DefaultRootWindow(display);
@@ -112,10 +144,47 @@ bool X11GlobalInputMonitor::pointerOverOwnWindow() const
             return false;
         }
         window = child;
-        const auto pid = X11WindowProperty::read(display, window, pidAtom, XA_CARDINAL, 0, 1);
-        if (pid && pid->format == 32 && pid->count == 1) {
-            return long(*reinterpret_cast<const unsigned long*>(pid->data.get())) == long(::getpid());
+        if (isOwnWindow(window)) {
+            return true;
         }
     }
     return false;
+}
+
+bool X11GlobalInputMonitor::focusInOwnWindow() const
+{
+    Display* display = m_pump.display();
+    const X11ErrorTrap trap(display);
+    Window focus = 0;
+    int revert = 0;
+    XGetInputFocus(display, &focus, &revert);
+    // The focus may sit on a child of the client window (Qt focuses a proxy child): walk up to the client.
+    for (int depth = 0; depth < 4 && focus != 0 && focus != PointerRoot; ++depth) {
+        if (isOwnWindow(focus)) {
+            return true;
+        }
+        Window root = 0;
+        Window parent = 0;
+        Window* children = nullptr;
+        unsigned count = 0;
+        const Status queried = XQueryTree(display, focus, &root, &parent, &children, &count);
+        const XPtr<Window> releaseChildren(children);
+        if (!queried) {
+            return false;
+        }
+        if (parent == root) {
+            return false;
+        }
+        focus = parent;
+    }
+    return false;
+}
+
+bool X11GlobalInputMonitor::isOwnWindow(unsigned long window) const
+{
+    Display* display = m_pump.display();
+    const Atom pidAtom = XInternAtom(display, "_NET_WM_PID", False);
+    const auto pid = X11WindowProperty::read(display, window, pidAtom, XA_CARDINAL, 0, 1);
+    return pid && pid->format == 32 && pid->count == 1 &&
+           long(*reinterpret_cast<const unsigned long*>(pid->data.get())) == long(::getpid());
 }
