@@ -8,8 +8,8 @@ public:
     virtual ~FloatingWindowTraits() = default;
 
     // Marks the native window as shown on every desktop and left out of taskbars and pagers. Call after the
-    // window exists and before it is first mapped; a window the platform does not know is left alone. GUI
-    // thread; non-blocking.
+    // window exists, before each map and once more when it is first shown on screen; a window the platform
+    // does not know is left alone. GUI thread; non-blocking.
     virtual void applyFloatingTraits(quintptr nativeWindow) = 0;
     // Asks for the keyboard focus for a shown window on the user's behalf: a panel opened by a global hotkey
     // answers a user's action even though none of this program's windows saw it. GUI thread; non-blocking.

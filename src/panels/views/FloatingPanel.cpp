@@ -101,8 +101,19 @@ void FloatingPanel::showEvent(QShowEvent* event)
     // map; the show event comes just before it, and winId() makes the native window on the first show.
     if (m_windowTraits != nullptr) {
         m_windowTraits->applyFloatingTraits(winId());
+        m_tellTraitsOnScreen = true;
     }
     QWidget::showEvent(event);
+}
+
+bool FloatingPanel::event(QEvent* event)
+{
+    // The first paint after a show comes once the window manager has mapped the window.
+    if (event->type() == QEvent::Paint && m_tellTraitsOnScreen) {
+        m_tellTraitsOnScreen = false;
+        m_windowTraits->applyFloatingTraits(winId());
+    }
+    return QWidget::event(event);
 }
 
 void FloatingPanel::hideEvent(QHideEvent* event)

@@ -46,6 +46,7 @@ public:
     void showNearMouse();
 
 protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -60,4 +61,6 @@ private:
     AppearanceMode m_appearance = AppearanceMode::system;
     SurfaceMode m_surface = SurfaceMode::translucent;
     std::unique_ptr<SavedPanelSize> m_savedSize;
+    // Set at each show until the first paint, when the window is on screen and the hints are told again.
+    bool m_tellTraitsOnScreen = false;
 };

@@ -62,7 +62,7 @@ void X11EventPump::WaitAwaiter::finish(bool matched)
 }
 
 X11EventPump::X11EventPump(Display* display, Clock& clock, QObject* parent)
-    : QObject(parent), m_display(display), m_clock(clock)
+    : QObject(parent), m_display(display), m_clock(clock), m_rawInput(display)
 {
     if (!m_display) {
         return;

@@ -2,6 +2,7 @@
 
 #include "core/Clock.h"
 #include "platform/ListenerList.h"
+#include "platform/x11/X11RawInputSelection.h"
 
 #include <QMetaObject>
 #include <QObject>
@@ -63,6 +64,8 @@ public:
     X11EventPump& operator=(const X11EventPump&) = delete;
 
     Display* display() const { return m_display; }
+    // The connection's one selection of XInput 2 raw events, shared by every adapter that follows them.
+    X11RawInputSelection& rawInput() { return m_rawInput; }
 
     // Calls listener with every event read from now on that no waiter took, in arrival order. Listeners
     // may subscribe and unsubscribe from inside a call. Non-blocking.
@@ -88,6 +91,7 @@ private:
 
     Display* m_display;
     Clock& m_clock;
+    X11RawInputSelection m_rawInput;
     ListenerList<const XEvent&> m_listeners;
     std::list<WaitAwaiter*> m_waiters;
     QMetaObject::Connection m_aboutToBlock;

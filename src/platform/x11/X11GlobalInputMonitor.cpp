@@ -10,19 +10,10 @@
 
 X11GlobalInputMonitor::X11GlobalInputMonitor(X11EventPump& pump) : m_pump(pump)
 {
-    Display* display = m_pump.display();
-    int event = 0;
-    int error = 0;
-    // From XInput 2.1 on, raw events arrive even while another client grabs the device, as window managers
-    // do for their Alt+drag move; a 2.0 client would miss exactly the drags the window swap follows.
-    int major = 2;
-    int minor = 2;
-    if (!display || !XQueryExtension(display, "XInputExtension", &m_xiOpcode, &event, &error) ||
-        XIQueryVersion(display, &major, &minor) != Success || minor < 1) {
-        m_xiOpcode = -1;
-        return;
+    m_xiOpcode = m_pump.rawInput().opcode();
+    if (m_xiOpcode >= 0) {
+        m_subscription = m_pump.subscribe([this](const XEvent& e) { handle(e); });
     }
-    m_subscription = m_pump.subscribe([this](const XEvent& e) { handle(e); });
 }
 
 X11GlobalInputMonitor::~X11GlobalInputMonitor()
@@ -47,17 +38,14 @@ X11GlobalInputMonitor::addMonitor(MonitoredInputEvent::Kinds kinds,
 
 void X11GlobalInputMonitor::selectRawEvents(bool on)
 {
+    // Other adapters on this connection follow raw events too (the hotkeys' key releases); only this
+    // monitor's own share of the selection comes and goes.
     m_selected = on;
-    Display* display = m_pump.display();
-    unsigned char mask[XIMaskLen(XI_LASTEVENT)] = {};
     if (on) {
-        XISetMask(mask, XI_RawButtonPress);
-        XISetMask(mask, XI_RawButtonRelease);
-        XISetMask(mask, XI_RawKeyRelease);
+        m_pump.rawInput().add({XI_RawButtonPress, XI_RawButtonRelease, XI_RawKeyRelease});
+    } else {
+        m_pump.rawInput().remove({XI_RawButtonPress, XI_RawButtonRelease, XI_RawKeyRelease});
     }
-    XIEventMask eventMask{XIAllMasterDevices, int(sizeof(mask)), mask};
-    XISelectEvents(display, DefaultRootWindow(display), &eventMask, 1);
-    XFlush(display);
 }
 
 void X11GlobalInputMonitor::handle(const XEvent& event)
@@ -68,7 +56,9 @@ void X11GlobalInputMonitor::handle(const XEvent& event)
         return;
     }
     if (m_monitors.isEmpty()) {
-        selectRawEvents(false);
+        if (m_selected) {
+            selectRawEvents(false);
+        }
         return;
     }
     MonitoredInputEvent seen;

@@ -57,27 +57,6 @@ unsigned numLockMask(Display* display)
     return 0;
 }
 
-// Raw key releases reach the root window whoever has the keyboard; 0 when the server has no XInput 2.1.
-int selectRawKeyReleases(Display* display, bool select)
-{
-    int opcode = 0;
-    int event = 0;
-    int error = 0;
-    int major = 2;
-    int minor = 2;
-    if (!XQueryExtension(display, "XInputExtension", &opcode, &event, &error) ||
-        XIQueryVersion(display, &major, &minor) != Success || (major == 2 && minor < 1)) {
-        return 0;
-    }
-    unsigned char bits[XIMaskLen(XI_LASTEVENT)] = {};
-    if (select) {
-        XISetMask(bits, XI_RawKeyRelease);
-    }
-    XIEventMask mask{XIAllMasterDevices, sizeof bits, bits};
-    XISelectEvents(display, DefaultRootWindow(display), &mask, 1);
-    return opcode;
-}
-
 } // namespace
 
 struct X11HotkeyRegistrar::OwnConnection {
@@ -108,7 +87,10 @@ void X11HotkeyRegistrar::follow(X11EventPump& pump)
     // Held chords then repeat as presses alone, without a release between them, so repeats can be told
     // from new presses.
     XkbSetDetectableAutoRepeat(m_display, True, nullptr);
-    m_inputOpcode = selectRawKeyReleases(m_display, true);
+    // Raw key releases reach the root window whoever has the keyboard; without XInput 2.1 only the
+    // releases of the grabbed key itself are seen.
+    m_rawInput = &pump.rawInput();
+    m_inputOpcode = m_rawInput->add({XI_RawKeyRelease}) ? m_rawInput->opcode() : 0;
     m_subscription = pump.subscribe([this](const XEvent& event) { handleEvent(event); });
 }
 
@@ -120,7 +102,7 @@ X11HotkeyRegistrar::~X11HotkeyRegistrar()
     // A shared connection outlives the registrar, and its grabs and event selection with it.
     unregisterAll();
     if (m_inputOpcode != 0) {
-        selectRawKeyReleases(m_display, false);
+        m_rawInput->remove({XI_RawKeyRelease});
     }
     XFlush(m_display);
 }

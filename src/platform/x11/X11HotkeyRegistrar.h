@@ -53,6 +53,7 @@ private:
     std::vector<Grab> m_grabs;
     PressHandler m_handler;
     // The XInput 2 extension's opcode; its raw events tell when the chord's key goes up.
+    X11RawInputSelection* m_rawInput = nullptr;
     int m_inputOpcode = 0;
     // The key of the chord being held, so auto-repeat does not fire it again.
     unsigned m_heldKeyCode = 0;
