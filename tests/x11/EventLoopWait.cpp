@@ -48,6 +48,25 @@ bool waitForWindowManager()
     return spinUntil([] { return runTool(QStringLiteral("wmctrl"), {QStringLiteral("-m")}).has_value(); });
 }
 
+std::optional<QString> findWindow(const QStringList& criteria, std::chrono::milliseconds guard)
+{
+    // WORKAROUND: xdotool's search walks the whole window tree and dies on a window that goes meanwhile (a
+    // menu closing, another test's window); the search is simply asked again until the guard runs out.
+    std::optional<QString> found;
+    spinUntil(
+        [&] {
+            const auto ids =
+                runTool(QStringLiteral("xdotool"),
+                        QStringList{QStringLiteral("search"), QStringLiteral("--onlyvisible")} + criteria);
+            if (ids && !ids->trimmed().isEmpty()) {
+                found = QString::fromLatin1(ids->trimmed().split('\n').first());
+            }
+            return found.has_value();
+        },
+        guard);
+    return found;
+}
+
 bool windowShown(const QString& title)
 {
     return runTool(QStringLiteral("xdotool"), {QStringLiteral("search"), QStringLiteral("--onlyvisible"),

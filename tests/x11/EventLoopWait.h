@@ -23,6 +23,11 @@ std::optional<QByteArray> runTool(const QString& program, const QStringList& arg
 
 // Waits until an EWMH window manager answers: windows mapped before it runs are never activated.
 bool waitForWindowManager();
+
+// The X id of the first visible window matching xdotool search criteria ("--name", "^Title$"), waiting up
+// to guard for it to appear.
+std::optional<QString> findWindow(const QStringList& criteria,
+                                  std::chrono::milliseconds guard = std::chrono::seconds(10));
 // Whether a visible window has exactly this title.
 bool windowShown(const QString& title);
 // Starts a tray host (trayer) docked at the top right in host and waits until it can take tray icons.

@@ -45,19 +45,7 @@ protected:
     // The main window's X id once it is shown.
     std::optional<QString> mainWindow()
     {
-        std::optional<QString> found;
-        spinUntil(
-            [&] {
-                const auto ids = runTool(QStringLiteral("xdotool"),
-                                         {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                                          QStringLiteral("--name"), QStringLiteral("^MivoraAI$")});
-                if (ids && !ids->trimmed().isEmpty()) {
-                    found = ids->trimmed().split('\n').first();
-                }
-                return found.has_value();
-            },
-            10s);
-        return found;
+        return findWindow({QStringLiteral("--name"), QStringLiteral("^MivoraAI$")});
     }
 
     static void click(const QString& window, QPoint at)

@@ -37,11 +37,10 @@ bool TestFieldProcess::start(const QString& windowClass, const QString& title, c
     }
     // WORKAROUND: the window manager's focus stealing prevention may leave a new window in the background
     // after synthetic keys went to another window, so the window is activated as a user would.
-    return runTool(QStringLiteral("xdotool"),
-                   {QStringLiteral("search"), QStringLiteral("--sync"), QStringLiteral("--onlyvisible"),
-                    QStringLiteral("--pid"), QString::number(processIdentifier()),
-                    QStringLiteral("windowactivate")})
-        .has_value();
+    const std::optional<QString> shown =
+        findWindow({QStringLiteral("--pid"), QString::number(processIdentifier())});
+    return shown &&
+           runTool(QStringLiteral("xdotool"), {QStringLiteral("windowactivate"), *shown}).has_value();
 }
 
 qint32 TestFieldProcess::processIdentifier() const

@@ -32,20 +32,12 @@ namespace {
 // Moves the pointer onto a window by its title and presses a button there, as a person clicks.
 bool clickWindow(const QString& title, int button)
 {
-    // WORKAROUND: xdotool's search walks the whole window tree and dies on a window that goes meanwhile (a
-    // context menu closing, say); the search is tried again then, and the click made once.
-    std::optional<QByteArray> found;
-    for (int attempt = 0; attempt < 3 && !found; ++attempt) {
-        found = runTool(QStringLiteral("xdotool"),
-                        {QStringLiteral("search"), QStringLiteral("--sync"), QStringLiteral("--onlyvisible"),
-                         QStringLiteral("--name"), QStringLiteral("^%1$").arg(title)});
-    }
-    const QByteArray window = found.value_or(QByteArray()).split('\n').value(0).trimmed();
-    return !window.isEmpty() &&
+    const std::optional<QString> window =
+        findWindow({QStringLiteral("--name"), QStringLiteral("^%1$").arg(title)});
+    return window &&
            runTool(QStringLiteral("xdotool"),
-                   {QStringLiteral("mousemove"), QStringLiteral("--window"), QString::fromLatin1(window),
-                    QStringLiteral("20"), QStringLiteral("20"), QStringLiteral("click"),
-                    QString::number(button)})
+                   {QStringLiteral("mousemove"), QStringLiteral("--window"), *window, QStringLiteral("20"),
+                    QStringLiteral("20"), QStringLiteral("click"), QString::number(button)})
                .has_value();
 }
 
