@@ -82,8 +82,17 @@ bool until(Predicate condition, std::chrono::milliseconds limit = std::chrono::s
 {
     QEventLoop loop;
     QTimer poll;
+    // A condition may itself run the event loop (asking another process and waiting for its answer); the
+    // poll must not ask again from inside that wait, or answers go to the wrong question.
+    bool checking = false;
     QObject::connect(&poll, &QTimer::timeout, &loop, [&] {
-        if (condition()) {
+        if (checking) {
+            return;
+        }
+        checking = true;
+        const bool done = condition();
+        checking = false;
+        if (done) {
             loop.quit();
         }
     });
