@@ -51,12 +51,7 @@ unsigned long X11DesktopWindows::atom(const char* name)
 QList<unsigned long> X11DesktopWindows::cardinals(unsigned long window, const char* property,
                                                   unsigned long type)
 {
-    const auto read = X11WindowProperty::read(m_display, window, atom(property), type, 0, 4096);
-    if (!read || !read->data || read->format != 32 || read->type != type) {
-        return {};
-    }
-    const auto* items = reinterpret_cast<const unsigned long*>(read->data.get());
-    return QList<unsigned long>(items, items + read->count);
+    return X11WindowProperty::readLongs(m_display, window, atom(property), type);
 }
 
 QList<unsigned long> X11DesktopWindows::clients(const char* listProperty)
