@@ -32,8 +32,9 @@ Position positionOf(const QRect& frame, const QRect& area)
 }
 } // namespace
 
-QRect WindowTilingGeometry::cell(WindowTileSlot slot, const QRect& r)
+QRect WindowTilingGeometry::cell(WindowTileSlot slot, const QRect& area)
 {
+    const QRect& r = area;
     const int halfWidth = r.width() / 2;
     const int halfHeight = r.height() / 2;
     const int rightWidth = r.width() - halfWidth;

@@ -57,18 +57,6 @@ TEST_F(WindowTilingServiceTest, TileAllTakesTheFourFrontMostWindowsThatQualify)
     }
 }
 
-TEST_F(WindowTilingServiceTest, AWindowThatKeepsItsWidthEndsOnTheScreensEdge)
-{
-    desktop.add(1, {100, 100, 300, 200}).minimumWidth = 900;
-    desktop.focused = 1;
-
-    AwaitTask::run(tiling.tileFocusedWindow(S::rightHalf));
-    EXPECT_EQ(frameOf(1), QRect(541, 30, 900, 871));
-
-    AwaitTask::run(tiling.tileFocusedWindow(S::bottomLeft));
-    EXPECT_EQ(frameOf(1), QRect(0, 465, 900, 436));
-}
-
 TEST_F(WindowTilingServiceTest, SwapsWithTheFrontMostWindowOfTheNeighbouringCell)
 {
     struct Row {
