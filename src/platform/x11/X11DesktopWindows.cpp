@@ -235,13 +235,14 @@ QList<DesktopWindows::Screen> X11DesktopWindows::screens()
 QList<DesktopWindows::StackedWindow> X11DesktopWindows::windowsFrontToBack()
 {
     QList<StackedWindow> result;
+    // The list runs bottom to top.
     const QList<unsigned long> stacking = clients("_NET_CLIENT_LIST_STACKING");
     if (stacking.isEmpty()) {
         return result;
     }
+    const QList<unsigned long> frontFirst(stacking.crbegin(), stacking.crend());
     const QList<unsigned long> current = cardinals(m_root, "_NET_CURRENT_DESKTOP", XA_CARDINAL);
-    for (auto it = stacking.crbegin(); it != stacking.crend(); ++it) {
-        const Window window = *it;
+    for (const Window window : frontFirst) {
         X11ErrorTrap trap(m_display);
         XWindowAttributes attributes{};
         if (XGetWindowAttributes(m_display, window, &attributes) == 0 || attributes.map_state != IsViewable) {
