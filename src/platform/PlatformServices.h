@@ -7,6 +7,8 @@ class ApplicationCatalog;
 class Clock;
 class FloatingWindowTraits;
 class ApplicationWorkspace;
+class BrowserTabRemote;
+class DesktopWindows;
 class GlobalHotkeyRegistrar;
 class InputEventMonitor;
 class InputSourceProvider;
@@ -58,6 +60,10 @@ public:
     // Mouse presses going to other applications; its monitors are null where the platform cannot watch them.
     std::unique_ptr<InputEventMonitor> globalInput;
     std::unique_ptr<FloatingWindowTraits> floatingWindows;
+    // Other applications' top-level windows and the screens, for tiling.
+    std::unique_ptr<DesktopWindows> desktopWindows;
+    // Null until the platform has a way to drive the browser from outside.
+    std::unique_ptr<BrowserTabRemote> browserTabs;
 
     // Connects to the display server when there is one; without one, each service degrades to "nothing
     // available" rather than failing. Waits for other programs' answers run on clock, which must outlive

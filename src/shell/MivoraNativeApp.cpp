@@ -32,9 +32,12 @@
 #include "platform/UrlOpener.h"
 #include "shell/MenuBarController.h"
 #include "shell/MivoraAppDelegate.h"
-#include "shell/PendingWindowTargets.h"
 #include "shell/ResidentPanels.h"
 #include "shell/TraySurface.h"
+#include "shell/WindowTilingTargets.h"
+#include "system/ChromeAppWindowService.h"
+#include "system/WindowDragSwapMonitor.h"
+#include "system/WindowTilingService.h"
 #include "text/KeyboardLayoutService.h"
 #include "text/MivoraCore.h"
 #include "text/NativeActionService.h"
@@ -80,7 +83,13 @@ MivoraNativeApp::MivoraNativeApp(const Views& views, QObject* parent)
     m_permissions = std::make_unique<PermissionController>(*m_appState, *m_clock, *m_platform.permissions,
                                                            *m_permissionService, *m_platform.urlOpener);
     m_panels = std::make_unique<ResidentPanels>();
-    m_windows = std::make_unique<PendingWindowTargets>();
+    m_tiling = std::make_unique<WindowTilingService>(*m_platform.desktopWindows,
+                                                     m_platform.workspace->currentProcessIdentifier());
+    m_browserPopOut = std::make_unique<ChromeAppWindowService>(
+        *m_platform.workspace, *m_platform.accessibility, m_platform.browserTabs.get(), *m_clock,
+        [this](WindowTileSlot slot) { m_windows->tileFocusedWindow(slot); });
+    m_windows = std::make_unique<WindowTilingTargets>(*m_tiling, *m_browserPopOut);
+    m_dragSwap = std::make_unique<WindowDragSwapMonitor>(*m_platform.globalInput, *m_defaults, *m_tiling);
     m_hotkeys = std::make_unique<HotkeyService>(
         HotkeyService::Services{*m_platform.hotkeyRegistrar, *m_platform.workspace, *m_focus, *m_quietReader,
                                 *m_exchange, *m_panels, *m_windows});
@@ -191,6 +200,7 @@ void MivoraNativeApp::start()
         }
     });
 
+    m_dragSwap->start();
     m_appState->startSystemSurfaceObserver();
     if (m_statusHUD) {
         m_statusHUD->attach(*m_appState);

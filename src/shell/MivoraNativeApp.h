@@ -12,6 +12,7 @@
 
 class AccessibilityTextReader;
 class AppUpdateManager;
+class ChromeAppWindowService;
 class ClipboardHistoryService;
 class DefaultsStore;
 class EventLoopClock;
@@ -26,7 +27,6 @@ class NativeSettingsStore;
 class PasteboardService;
 class PasteboardTextExchange;
 class ResidentPanels;
-class PendingWindowTargets;
 class PermissionController;
 class PermissionService;
 class QNetworkAccessManager;
@@ -35,6 +35,9 @@ class StatusHUDController;
 class StatusHUDSurface;
 class TraySurface;
 class UpdateAlertPresenter;
+class WindowDragSwapMonitor;
+class WindowTilingService;
+class WindowTilingTargets;
 
 // Owns the long-lived objects of the process, creates them in dependency order and starts the resident
 // services in their fixed order. GUI thread.
@@ -92,7 +95,10 @@ private:
     std::unique_ptr<PermissionService> m_permissionService;
     std::unique_ptr<PermissionController> m_permissions;
     std::unique_ptr<ResidentPanels> m_panels;
-    std::unique_ptr<PendingWindowTargets> m_windows;
+    std::unique_ptr<WindowTilingService> m_tiling;
+    std::unique_ptr<ChromeAppWindowService> m_browserPopOut;
+    std::unique_ptr<WindowTilingTargets> m_windows;
+    std::unique_ptr<WindowDragSwapMonitor> m_dragSwap;
     std::unique_ptr<HotkeyService> m_hotkeys;
     std::unique_ptr<AppUpdateManager> m_updateManager;
     std::unique_ptr<UpdateAlertPresenter> m_updateAlerts;

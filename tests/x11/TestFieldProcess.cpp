@@ -27,6 +27,9 @@ bool TestFieldProcess::start(const QString& windowClass, const QString& title, c
     if (m_ignoreCopy) {
         arguments << QStringLiteral("--ignore-copy");
     }
+    if (m_minimumWidth > 0) {
+        arguments << QStringLiteral("--min-width") << QString::number(m_minimumWidth);
+    }
     if (m_crowd > 0) {
         arguments << QStringLiteral("--crowd") << QString::number(m_crowd);
     }

@@ -26,6 +26,8 @@ public:
     void ignoreCopy() { m_ignoreCopy = true; }
     // Before start: the field sits last in one window with this many labels.
     void addCrowd(int labels) { m_crowd = labels; }
+    // Before start: the window never gets narrower than this.
+    void setMinimumWidth(int pixels) { m_minimumWidth = pixels; }
 
     // The field's text or selection, or nullopt when the application did not answer.
     std::optional<QString> text();
@@ -48,6 +50,7 @@ private:
     QString m_otherWindow;
     bool m_ignoreCopy = false;
     int m_crowd = 0;
+    int m_minimumWidth = 0;
     QByteArray m_output;
     QList<QByteArray> m_lines;
 };

@@ -80,7 +80,10 @@ int main(int argc, char** argv)
     const QCommandLineOption crowd(QStringLiteral("crowd"),
                                    QStringLiteral("Put the field last in one window with this many labels"),
                                    QStringLiteral("labels"));
-    parser.addOptions({windowClass, title, text, otherWindow, ignoreCopy, crowd});
+    const QCommandLineOption minimumWidth(QStringLiteral("min-width"),
+                                          QStringLiteral("The narrowest the field's window may get"),
+                                          QStringLiteral("pixels"), QStringLiteral("400"));
+    parser.addOptions({windowClass, title, text, otherWindow, ignoreCopy, crowd, minimumWidth});
     parser.process(app);
     // Qt takes the class part of WM_CLASS from the application name when the window is created.
     QCoreApplication::setApplicationName(parser.value(windowClass));
@@ -110,7 +113,7 @@ int main(int argc, char** argv)
     field.setAccessibleName(QStringLiteral("Test field"));
     field.setWindowTitle(parser.value(title));
     field.setText(parser.value(text));
-    field.setMinimumWidth(400);
+    field.setMinimumWidth(parser.value(minimumWidth).toInt());
     ShortcutReporter reporter(parser.isSet(ignoreCopy));
     field.installEventFilter(&reporter);
     field.show();

@@ -13,12 +13,7 @@ using XData = XPtr<unsigned char>;
 // The items of a 32-bit property (windows, cardinals), empty when it is missing or of another format.
 QList<unsigned long> longProperty(Display* display, Window window, Atom property, Atom type)
 {
-    const auto read = X11WindowProperty::read(display, window, property, type, 0, 4096);
-    if (!read || !read->data || read->format != 32 || read->type != type) {
-        return {};
-    }
-    const auto* items = reinterpret_cast<const unsigned long*>(read->data.get());
-    return QList<unsigned long>(items, items + read->count);
+    return X11WindowProperty::readLongs(display, window, property, type);
 }
 
 QString textProperty(Display* display, Window window, Atom property, Atom type)

@@ -1,6 +1,8 @@
 #include "platform/AccessibilityTree.h"
 #include "platform/ApplicationCatalog.h"
 #include "platform/ApplicationWorkspace.h"
+#include "platform/BrowserTabRemote.h"
+#include "platform/DesktopWindows.h"
 #include "platform/FloatingWindowTraits.h"
 #include "platform/GlobalHotkeyRegistrar.h"
 #include "platform/InputEventMonitor.h"
@@ -23,6 +25,7 @@
 #include "platform/x11/UnavailableAccessibilityTree.h"
 #include "platform/x11/X11ApplicationWorkspace.h"
 #include "platform/x11/X11CompositorSurfaceSignals.h"
+#include "platform/x11/X11DesktopWindows.h"
 #include "platform/x11/X11DisplayConnection.h"
 #include "platform/x11/X11EventPump.h"
 #include "platform/x11/X11FloatingWindowTraits.h"
@@ -85,5 +88,6 @@ PlatformServices PlatformServices::create(Clock& clock)
     services.surfaceSignals = std::make_unique<X11CompositorSurfaceSignals>(display);
     services.globalInput = std::make_unique<X11GlobalInputMonitor>(pump);
     services.floatingWindows = std::make_unique<X11FloatingWindowTraits>();
+    services.desktopWindows = std::make_unique<X11DesktopWindows>(pump);
     return services;
 }

@@ -26,3 +26,13 @@ std::optional<X11WindowProperty> X11WindowProperty::read(Display* display, XID w
     }
     return result;
 }
+
+QList<unsigned long> X11WindowProperty::readLongs(Display* display, XID window, Atom property, Atom type)
+{
+    const auto read = X11WindowProperty::read(display, window, property, type, 0, 4096);
+    if (!read || !read->data || read->format != 32 || read->type != type) {
+        return {};
+    }
+    const auto* items = reinterpret_cast<const unsigned long*>(read->data.get());
+    return QList<unsigned long>(items, items + read->count);
+}

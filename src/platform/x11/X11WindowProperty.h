@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <memory>
 #include <optional>
 
@@ -27,4 +28,7 @@ struct X11WindowProperty {
     // property does not exist. Blocks for one round trip.
     static std::optional<X11WindowProperty> read(Display* display, XID window, Atom property,
                                                  Atom requestedType, long offsetUnits, long lengthUnits);
+    // The items of a 32-bit property of that type (windows, atoms, cardinals); empty when it is missing or
+    // of another format or type. Blocks for one round trip.
+    static QList<unsigned long> readLongs(Display* display, XID window, Atom property, Atom type);
 };
