@@ -5,7 +5,6 @@
 #include "panels/LanguageShortCode.h"
 #include "panels/views/AssistantComposerTextView.h"
 #include "panels/views/SymbolIcon.h"
-#include "platform/FloatingWindowTraits.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -13,7 +12,6 @@
 #include <QMenu>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QSizeGrip>
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -58,12 +56,12 @@ void clearLayout(QLayout* layout)
 
 AssistantPanel::AssistantPanel(AssistantPanelController& controller, FloatingWindowTraits* windowTraits,
                                QWidget* parent)
-    : FloatingPanel({QStringLiteral("AI assistant"), Role::keyPanel, 16}, windowTraits, parent),
-      m_controller(controller), m_traits(windowTraits)
+    : ResizableKeyPanel(
+          QStringLiteral("AI assistant"), AssistantPanelController::minPanelSize, controller.savedPanelSize(),
+          [&controller](QSize size) { controller.savePanelSize(size); }, windowTraits, parent),
+      m_controller(controller)
 {
     setObjectName(QStringLiteral("assistantPanel"));
-    setMinimumSize(AssistantPanelController::minPanelSize);
-    resize(m_controller.savedPanelSize());
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 14, 16, 14);
@@ -94,9 +92,6 @@ AssistantPanel::AssistantPanel(AssistantPanelController& controller, FloatingWin
     layout->addWidget(makeReplyActions());
     makeLanguageList();
 
-    // Frameless, so the corner grip is how the user resizes it.
-    m_sizeGrip = new QSizeGrip(this);
-    m_sizeGrip->resize(14, 14);
     connect(&m_controller, &AssistantPanelController::changed, this, &AssistantPanel::refresh);
     refresh();
 }
@@ -232,28 +227,9 @@ void AssistantPanel::placeLanguageList()
     m_languageList->move(x, y);
 }
 
-void AssistantPanel::present()
-{
-    if (!isVisible()) {
-        showNearMouse();
-        return;
-    }
-    raise();
-    activateWindow();
-    if (m_traits != nullptr) {
-        m_traits->activate(winId());
-    }
-}
-
 void AssistantPanel::resizeEvent(QResizeEvent* event)
 {
-    FloatingPanel::resizeEvent(event);
-    if (m_sizeGrip != nullptr) {
-        m_sizeGrip->move(width() - m_sizeGrip->width() - 4, height() - m_sizeGrip->height() - 4);
-    }
-    if (isVisible()) {
-        m_controller.savePanelSize(size());
-    }
+    ResizableKeyPanel::resizeEvent(event);
     if (m_languageList != nullptr && isLanguageListVisible()) {
         placeLanguageList();
     }

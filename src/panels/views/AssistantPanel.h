@@ -1,7 +1,6 @@
 #pragma once
 
-#include "panels/KeyPanelSurface.h"
-#include "panels/views/FloatingPanel.h"
+#include "panels/views/ResizableKeyPanel.h"
 
 #include <QList>
 #include <QUuid>
@@ -9,7 +8,6 @@
 class AssistantComposerTextView;
 class AssistantPanelController;
 class QLabel;
-class QSizeGrip;
 class QListWidget;
 class QScrollArea;
 class QToolButton;
@@ -18,16 +16,12 @@ class QWidget;
 
 // The assistant's window: header, transcript, error line, and either the composer (chat) or the reply
 // actions with their language list. Everything it shows comes from the controller.
-class AssistantPanel : public FloatingPanel, public KeyPanelSurface {
+class AssistantPanel : public ResizableKeyPanel {
     Q_OBJECT
 public:
     // The controller must outlive the panel; windowTraits may be null.
     AssistantPanel(AssistantPanelController& controller, FloatingWindowTraits* windowTraits,
                    QWidget* parent = nullptr);
-
-    void present() override;
-    void orderOut() override { hide(); }
-    bool isShown() const override { return isVisible(); }
 
     bool isLanguageListVisible() const;
 
@@ -46,8 +40,6 @@ private:
     void scrollToBottomLater();
 
     AssistantPanelController& m_controller;
-    FloatingWindowTraits* m_traits;
-    QSizeGrip* m_sizeGrip = nullptr;
 
     QLabel* m_headerIcon = nullptr;
     QLabel* m_title = nullptr;

@@ -6,13 +6,11 @@
 #include "panels/views/QtLocalInputMonitor.h"
 #include "panels/views/SelectablePreviewTextView.h"
 #include "panels/views/SymbolIcon.h"
-#include "platform/FloatingWindowTraits.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
-#include <QSizeGrip>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -50,12 +48,13 @@ QWidget* pane(QWidget* parent, QLabel*& title, SelectablePreviewTextView*& text,
 TranslationPreviewPanel::TranslationPreviewPanel(TranslationPreviewPanelController& controller,
                                                  FloatingWindowTraits* windowTraits,
                                                  InputEventMonitor& globalInput, QWidget* parent)
-    : FloatingPanel({QStringLiteral("Translation"), Role::keyPanel, 16}, windowTraits, parent),
-      m_controller(controller), m_traits(windowTraits), m_localInput(std::make_unique<QtLocalInputMonitor>())
+    : ResizableKeyPanel(
+          QStringLiteral("Translation"), TranslationPreviewPanelController::minPanelSize,
+          controller.savedPanelSize(), [&controller](QSize size) { controller.savePanelSize(size); },
+          windowTraits, parent),
+      m_controller(controller), m_localInput(std::make_unique<QtLocalInputMonitor>())
 {
     setObjectName(QStringLiteral("translationPreviewPanel"));
-    setMinimumSize(TranslationPreviewPanelController::minPanelSize);
-    resize(m_controller.savedPanelSize());
     m_dismiss = std::make_unique<FloatingPanelDismissMonitor>(
         *m_localInput, globalInput,
         FloatingPanelDismissMonitor::Panel{static_cast<QWidget*>(this), [this] { return isVisible(); }},
@@ -78,9 +77,6 @@ TranslationPreviewPanel::TranslationPreviewPanel(TranslationPreviewPanelControll
     layout->addWidget(m_error);
     layout->addWidget(makeButtons());
 
-    // Frameless, so the corner grip is how the user resizes it.
-    m_sizeGrip = new QSizeGrip(this);
-    m_sizeGrip->resize(14, 14);
     connect(&m_controller, &TranslationPreviewPanelController::changed, this,
             &TranslationPreviewPanel::refresh);
     refresh();
@@ -160,15 +156,7 @@ QWidget* TranslationPreviewPanel::makeButtons()
 
 void TranslationPreviewPanel::present()
 {
-    if (!isVisible()) {
-        showNearMouse();
-    } else {
-        raise();
-        activateWindow();
-        if (m_traits != nullptr) {
-            m_traits->activate(winId());
-        }
-    }
+    ResizableKeyPanel::present();
     m_dismiss->remove();
     m_dismiss->install();
 }
@@ -177,17 +165,6 @@ void TranslationPreviewPanel::orderOut()
 {
     m_dismiss->remove();
     hide();
-}
-
-void TranslationPreviewPanel::resizeEvent(QResizeEvent* event)
-{
-    FloatingPanel::resizeEvent(event);
-    if (m_sizeGrip != nullptr) {
-        m_sizeGrip->move(width() - m_sizeGrip->width() - 4, height() - m_sizeGrip->height() - 4);
-    }
-    if (isVisible()) {
-        m_controller.savePanelSize(size());
-    }
 }
 
 void TranslationPreviewPanel::refresh()

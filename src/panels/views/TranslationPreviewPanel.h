@@ -1,13 +1,11 @@
 #pragma once
 
-#include "panels/KeyPanelSurface.h"
-#include "panels/views/FloatingPanel.h"
+#include "panels/views/ResizableKeyPanel.h"
 
 class FloatingPanelDismissMonitor;
 class InputEventMonitor;
 class QComboBox;
 class QLabel;
-class QSizeGrip;
 class QProgressBar;
 class QToolButton;
 class QWidget;
@@ -17,7 +15,7 @@ class TranslationPreviewPanelController;
 
 // The translation preview's window: header with the language and text size, the original and the
 // translation side by side, and the clipboard, copy and insert buttons. Escape or a click elsewhere hides it.
-class TranslationPreviewPanel : public FloatingPanel, public KeyPanelSurface {
+class TranslationPreviewPanel : public ResizableKeyPanel {
     Q_OBJECT
 public:
     // The controller and globalInput must outlive the panel; windowTraits may be null.
@@ -27,10 +25,6 @@ public:
 
     void present() override;
     void orderOut() override;
-    bool isShown() const override { return isVisible(); }
-
-protected:
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
     QWidget* makeHeader();
@@ -38,8 +32,6 @@ private:
     void refresh();
 
     TranslationPreviewPanelController& m_controller;
-    FloatingWindowTraits* m_traits;
-    QSizeGrip* m_sizeGrip = nullptr;
     std::unique_ptr<QtLocalInputMonitor> m_localInput;
     std::unique_ptr<FloatingPanelDismissMonitor> m_dismiss;
 
