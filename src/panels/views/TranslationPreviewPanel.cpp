@@ -161,10 +161,10 @@ void TranslationPreviewPanel::present()
     m_dismiss->install();
 }
 
-void TranslationPreviewPanel::orderOut()
+void TranslationPreviewPanel::hideEvent(QHideEvent* event)
 {
     m_dismiss->remove();
-    hide();
+    ResizableKeyPanel::hideEvent(event);
 }
 
 void TranslationPreviewPanel::refresh()

@@ -24,7 +24,11 @@ public:
     ~TranslationPreviewPanel() override;
 
     void present() override;
-    void orderOut() override;
+
+protected:
+    // However the panel goes (Escape, a click elsewhere, a paste, the window manager's close), its monitors
+    // go with it.
+    void hideEvent(QHideEvent* event) override;
 
 private:
     QWidget* makeHeader();
