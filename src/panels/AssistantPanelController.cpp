@@ -4,6 +4,7 @@
 #include "core/MivoraError.h"
 #include "panels/PanelBackend.h"
 #include "panels/PanelExchange.h"
+#include "text/CharacterMap.h"
 
 namespace {
 
@@ -59,6 +60,13 @@ void AssistantPanelController::syncSettings()
     m_uiLanguage = state.settings().uiLanguage;
     m_contextEnabled = state.settings().aiContextEnabled;
     m_replyStyles = state.aiReplyStyles();
+}
+
+int AssistantPanelController::contextCharacterCount() const
+{
+    int count = 0;
+    forEachCharacter(m_contextText, [&count](QStringView) { ++count; });
+    return count;
 }
 
 void AssistantPanelController::report(ActionStatus status)

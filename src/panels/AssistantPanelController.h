@@ -71,6 +71,8 @@ public:
     // What the panel's controls allow now.
     bool canSend() const { return !m_isRunning && !m_requestText.trimmed().isEmpty(); }
     bool canActOnReply() const { return !m_isRunning && !m_resultText.trimmed().isEmpty(); }
+    // The context's length in characters as the user counts them.
+    int contextCharacterCount() const;
     // The panel's text in the interface language of the moment.
     QString text(const char* english, const char* russian) const
     {

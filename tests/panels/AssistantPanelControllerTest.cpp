@@ -23,18 +23,19 @@ protected:
 
 TEST_F(AssistantPanelTest, ChatSendsTheSelectionOnlyWhenTheContextIsOnAndKeepsOneSessionPerChat)
 {
-    panel.show(QStringLiteral("  Selected words \n"));
+    panel.show(QStringLiteral("  Selected words 👍🏽 \n"));
     EXPECT_TRUE(panel.contextEnabled());
     EXPECT_TRUE(state.settings().aiContextEnabled) << "the context switch is persisted";
     panel.show(QStringLiteral("   "));
-    EXPECT_EQ(panel.contextText(), u"Selected words") << "a blank context keeps the earlier one";
+    EXPECT_EQ(panel.contextText(), u"Selected words 👍🏽") << "a blank context keeps the earlier one";
+    EXPECT_EQ(panel.contextCharacterCount(), 16) << "the emoji with its skin tone is one character";
 
     panel.setRequestText(QStringLiteral(" Shorten it "));
     panel.run();
     const QString session = panel.assistantSessionId();
     EXPECT_EQ(session, session.toUpper());
     ASSERT_EQ(ai.sends.size(), 1);
-    EXPECT_EQ(ai.sends[0].text, u"Selected text:\nSelected words\n\nRequest:\nShorten it");
+    EXPECT_EQ(ai.sends[0].text, u"Selected text:\nSelected words 👍🏽\n\nRequest:\nShorten it");
     EXPECT_EQ(ai.sends[0].action, BackendAction::assistant);
     EXPECT_EQ(ai.sends[0].style.id, u"assistant");
     EXPECT_TRUE(ai.sends[0].assistantKeepContext);

@@ -277,7 +277,7 @@ void AssistantPanel::refresh()
         c.contextEnabled() ? SymbolIcon::make(QStringLiteral("checkmark.circle.fill"), accent) : QIcon());
     const bool hasContext = !c.contextText().trimmed().isEmpty();
     m_contextChars->setVisible(hasContext);
-    m_contextChars->setText(QString::number(c.contextText().size()) + c.text(" chars", " симв."));
+    m_contextChars->setText(QString::number(c.contextCharacterCount()) + c.text(" chars", " симв."));
     m_pasteResult->setVisible(!c.resultText().isEmpty());
     m_pasteResult->setIcon(SymbolIcon::make(QStringLiteral("arrow.turn.down.left"), ink));
     m_pasteResult->setToolTip(c.text("Paste result", "Вставить результат"));
