@@ -313,8 +313,9 @@ void AssistantPanelController::replaceLastReplyResult(const QString& result)
     if (m_turns.isEmpty()) {
         return;
     }
-    const QString request = m_turns.last().request;
-    m_turns.last() = {QUuid::createUuid(), request, result, m_services.clock.now()};
+    AssistantConversationTurn replaced{QUuid::createUuid(), m_turns.last().request, result,
+                                       m_services.clock.now()};
+    m_turns.last() = std::move(replaced);
     emit changed();
 }
 

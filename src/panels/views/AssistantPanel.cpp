@@ -261,8 +261,8 @@ void AssistantPanel::refresh()
         if (style.id == c.selectedReplyStyleID()) {
             action->setIcon(SymbolIcon::make(QStringLiteral("checkmark"), ink));
         }
-        const QString id = style.id;
-        connect(action, &QAction::triggered, this, [this, id] { m_controller.selectReplyStyle(id); });
+        connect(action, &QAction::triggered, this,
+                [this, id = style.id] { m_controller.selectReplyStyle(id); });
     }
 
     rebuildTranscript();
@@ -379,8 +379,7 @@ void AssistantPanel::rebuildTranscript()
         const bool copied = c.copiedTurnID() == turn.id;
         copy->setIcon(
             SymbolIcon::make(copied ? QStringLiteral("checkmark") : QStringLiteral("doc.on.doc"), ink));
-        const AssistantConversationTurn kept = turn;
-        connect(copy, &QToolButton::clicked, this, [this, kept] { m_controller.copyMessage(kept); });
+        connect(copy, &QToolButton::clicked, this, [this, turn] { m_controller.copyMessage(turn); });
         answerRow->addWidget(answer, 1);
         answerRow->addWidget(copy, 0, Qt::AlignTop);
         m_transcriptLayout->addLayout(answerRow);
