@@ -119,9 +119,9 @@ private:
     void report(ActionStatus status);
     QCoro::Task<> runRequest(QString message, QString request);
     QCoro::Task<> generate(QString message, AIReplyStyle style, QString targetLanguage);
-    QCoro::Task<> addEmojis(QString text);
+    QCoro::Task<> addEmojis(QString reply);
     QCoro::Task<> translate(QString source, QUuid transformID);
-    QCoro::Task<> paste(QString text, qint32 processIdentifier);
+    QCoro::Task<> paste(QString reply, qint32 processIdentifier);
     QCoro::Task<> clearCopiedMark(QUuid id);
     QString settingsTargetLanguage() const;
     void finishWithFailure(const QString& description);

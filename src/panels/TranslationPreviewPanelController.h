@@ -82,9 +82,9 @@ private:
     void syncAppearance();
     void report(ActionStatus status);
     QCoro::Task<> readSelection();
-    QCoro::Task<> translate(QString text, PromptStyle style, QString language);
+    QCoro::Task<> translate(QString source, PromptStyle style, QString language);
     QCoro::Task<> pasteFromClipboard();
-    QCoro::Task<> paste(QString text);
+    QCoro::Task<> paste(QString translation);
     void finishWithFailure(const QString& description);
 
     Services m_services;
