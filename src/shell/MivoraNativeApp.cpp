@@ -14,11 +14,18 @@
 #include "exchange/QuietSelectionReader.h"
 #include "hotkeys/HotkeyService.h"
 #include "net/DeploymentConfiguration.h"
+#include "panels/AssistantPanelController.h"
+#include "panels/KeyPanelSurface.h"
+#include "panels/NativePanelExchange.h"
+#include "panels/PanelBackendClient.h"
 #include "panels/StatusHUDController.h"
 #include "panels/StatusHUDSurface.h"
+#include "panels/TranslationPreviewPanelController.h"
 #include "platform/AccessibilityTree.h"
 #include "platform/ApplicationWorkspace.h"
+#include "platform/FloatingWindowTraits.h"
 #include "platform/GlobalHotkeyRegistrar.h"
+#include "platform/InputEventMonitor.h"
 #include "platform/InputSourceProvider.h"
 #include "platform/LanguageRecognizer.h"
 #include "platform/ModifierKeyState.h"
@@ -96,7 +103,39 @@ MivoraNativeApp::MivoraNativeApp(const Views& views, QObject* parent)
     m_updateManager = std::make_unique<AppUpdateManager>(
         std::make_unique<AppUpdateClient>(*m_network, deployment, *m_clock), *m_defaults, *m_clock,
         *m_platform.urlOpener, m_platform.updater.get());
+    m_panelExchange = std::make_unique<NativePanelExchange>(NativePanelExchange::Services{
+        *m_platform.workspace, *m_focus, *m_quietReader, *m_pasteboardService, *m_platform.pasteboard});
+    // Each panel has a client of its own on the shared network session.
+    const auto panelBackend = [&] {
+        return std::make_unique<PanelBackendClient>(
+            *m_network, BackendCredentials(*m_defaults, deployment.backendToken), deployment.backendBaseUrl,
+            *m_platform.languageRecognizer);
+    };
+    m_assistantBackend = panelBackend();
+    m_previewBackend = panelBackend();
+    makeAIPanels(views);
     makeFace(views);
+}
+
+void MivoraNativeApp::makeAIPanels(const Views& views)
+{
+    FloatingWindowTraits* traits = m_platform.floatingWindows.get();
+    if (views.makeAssistantPanel) {
+        m_assistant = std::make_unique<AssistantPanelController>(
+            AssistantPanelController::Services{*m_appState, *m_clock, *m_assistantBackend, *m_panelExchange,
+                                               *m_defaults},
+            [this, make = views.makeAssistantPanel, traits] { return make(*m_assistant, traits); });
+        m_panels->setAssistant(m_assistant.get());
+    }
+    if (views.makeTranslationPreview && m_platform.globalInput) {
+        m_translationPreview = std::make_unique<TranslationPreviewPanelController>(
+            TranslationPreviewPanelController::Services{*m_appState, *m_previewBackend, *m_panelExchange,
+                                                        *m_defaults},
+            [this, make = views.makeTranslationPreview, traits] {
+                return make(*m_translationPreview, traits, *m_platform.globalInput);
+            });
+        m_panels->setTranslationPreview(m_translationPreview.get());
+    }
 }
 
 void MivoraNativeApp::makeFace(const Views& views)

@@ -12,18 +12,24 @@
 
 class AccessibilityTextReader;
 class AppUpdateManager;
+class AssistantPanelController;
 class ChromeAppWindowService;
 class ClipboardHistoryService;
 class DefaultsStore;
 class EventLoopClock;
+class FloatingWindowTraits;
 class FocusService;
 class HotkeyService;
+class InputEventMonitor;
+class KeyPanelSurface;
 class KeyboardLayoutService;
 class MenuBarController;
 class MivoraAppDelegate;
 class MivoraAppState;
 class MivoraCore;
+class NativePanelExchange;
 class NativeSettingsStore;
+class PanelBackend;
 class PasteboardService;
 class PasteboardTextExchange;
 class ResidentPanels;
@@ -33,6 +39,7 @@ class QNetworkAccessManager;
 class QuietSelectionReader;
 class StatusHUDController;
 class StatusHUDSurface;
+class TranslationPreviewPanelController;
 class TraySurface;
 class UpdateAlertPresenter;
 class WindowDragSwapMonitor;
@@ -55,6 +62,12 @@ public:
             makeMainWindow;
         std::function<std::unique_ptr<UpdateAlertPresenter>(AppUpdateManager&, std::function<UiLanguage()>)>
             makeUpdateAlerts;
+        // windowTraits may be null; globalInput outlives the panel.
+        std::function<std::unique_ptr<KeyPanelSurface>(AssistantPanelController&, FloatingWindowTraits*)>
+            makeAssistantPanel;
+        std::function<std::unique_ptr<KeyPanelSurface>(TranslationPreviewPanelController&,
+                                                       FloatingWindowTraits*, InputEventMonitor& globalInput)>
+            makeTranslationPreview;
     };
 
     explicit MivoraNativeApp(const Views& views = {}, QObject* parent = nullptr);
@@ -77,6 +90,7 @@ protected:
 
 private:
     void makeFace(const Views& views);
+    void makeAIPanels(const Views& views);
 
     std::unique_ptr<EventLoopClock> m_clock;
     std::unique_ptr<DefaultsStore> m_defaults;
@@ -94,6 +108,11 @@ private:
     std::unique_ptr<MivoraAppState> m_appState;
     std::unique_ptr<PermissionService> m_permissionService;
     std::unique_ptr<PermissionController> m_permissions;
+    std::unique_ptr<NativePanelExchange> m_panelExchange;
+    std::unique_ptr<PanelBackend> m_assistantBackend;
+    std::unique_ptr<PanelBackend> m_previewBackend;
+    std::unique_ptr<AssistantPanelController> m_assistant;
+    std::unique_ptr<TranslationPreviewPanelController> m_translationPreview;
     std::unique_ptr<ResidentPanels> m_panels;
     std::unique_ptr<WindowTilingService> m_tiling;
     std::unique_ptr<ChromeAppWindowService> m_browserPopOut;

@@ -1,11 +1,30 @@
 #include "shell/ResidentPanels.h"
 
+#include "panels/AssistantPanelController.h"
+#include "panels/TranslationPreviewPanelController.h"
+
 void ResidentPanels::toggleQuickPanel() {}
 
 void ResidentPanels::toggleClipboardPanel() {}
 
-void ResidentPanels::showAssistant(const QString&) {}
+void ResidentPanels::showAssistant(const QString& context)
+{
+    if (m_assistant != nullptr) {
+        m_assistant->show(context);
+    }
+}
 
-void ResidentPanels::showReply(const QString&, const AIReplyStyle&, const QString&) {}
+void ResidentPanels::showReply(const QString& message, const AIReplyStyle& style,
+                               const QString& targetLanguage)
+{
+    if (m_assistant != nullptr) {
+        m_assistant->showReply(message, style, targetLanguage);
+    }
+}
 
-void ResidentPanels::showTranslationPreview() {}
+void ResidentPanels::showTranslationPreview()
+{
+    if (m_translationPreview != nullptr) {
+        m_translationPreview->showFromSelection();
+    }
+}

@@ -2,6 +2,9 @@
 
 #include "hotkeys/HotkeyPanelTargets.h"
 
+class AssistantPanelController;
+class TranslationPreviewPanelController;
+
 // Routes the hotkeys, the tray menu and the main window to the floating panels. Each panel's controller
 // joins here as it is made; until then its requests do nothing. GUI thread.
 class ResidentPanels : public HotkeyPanelTargets {
@@ -11,4 +14,12 @@ public:
     void showAssistant(const QString& context) override;
     void showReply(const QString& message, const AIReplyStyle& style, const QString& targetLanguage) override;
     void showTranslationPreview() override;
+
+    // The AI panels; null leaves their requests without effect. Each must outlive this router or be reset.
+    void setAssistant(AssistantPanelController* assistant) { m_assistant = assistant; }
+    void setTranslationPreview(TranslationPreviewPanelController* preview) { m_translationPreview = preview; }
+
+private:
+    AssistantPanelController* m_assistant = nullptr;
+    TranslationPreviewPanelController* m_translationPreview = nullptr;
 };

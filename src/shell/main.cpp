@@ -1,5 +1,9 @@
 #include "core/MivoraAppState.h"
+#include "panels/AssistantPanelController.h"
+#include "panels/TranslationPreviewPanelController.h"
+#include "panels/views/AssistantPanel.h"
 #include "panels/views/StatusHUDPanel.h"
+#include "panels/views/TranslationPreviewPanel.h"
 #include "shell/CommandLine.h"
 #include "shell/DisplaySession.h"
 #include "shell/InstanceChannel.h"
@@ -61,6 +65,13 @@ MivoraNativeApp::Views residentViews()
     };
     views.makeUpdateAlerts = [](AppUpdateManager& updates, std::function<UiLanguage()> language) {
         return std::make_unique<UpdateAlertDialog>(updates, std::move(language));
+    };
+    views.makeAssistantPanel = [](AssistantPanelController& controller, FloatingWindowTraits* traits) {
+        return std::make_unique<AssistantPanel>(controller, traits);
+    };
+    views.makeTranslationPreview = [](TranslationPreviewPanelController& controller,
+                                      FloatingWindowTraits* traits, InputEventMonitor& globalInput) {
+        return std::make_unique<TranslationPreviewPanel>(controller, traits, globalInput);
     };
     return views;
 }
