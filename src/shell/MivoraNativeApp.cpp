@@ -14,11 +14,18 @@
 #include "exchange/QuietSelectionReader.h"
 #include "hotkeys/HotkeyService.h"
 #include "net/DeploymentConfiguration.h"
+#include "panels/FloatingButtonController.h"
+#include "panels/FloatingButtonSurface.h"
+#include "panels/QuickPanelController.h"
+#include "panels/QuickPanelSurface.h"
+#include "panels/SelectionTriggerService.h"
 #include "panels/StatusHUDController.h"
 #include "panels/StatusHUDSurface.h"
 #include "platform/AccessibilityTree.h"
 #include "platform/ApplicationWorkspace.h"
+#include "platform/FloatingWindowTraits.h"
 #include "platform/GlobalHotkeyRegistrar.h"
+#include "platform/InputEventMonitor.h"
 #include "platform/InputSourceProvider.h"
 #include "platform/LanguageRecognizer.h"
 #include "platform/ModifierKeyState.h"
@@ -132,6 +139,30 @@ void MivoraNativeApp::makeFace(const Views& views)
         actions.quit = [this] { quit(); };
         m_menuBar = std::make_unique<MenuBarController>(views.makeTray, std::move(actions));
     }
+    makeQuickPanels(views);
+}
+
+void MivoraNativeApp::makeQuickPanels(const Views& views)
+{
+    if (!views.makeLocalInputMonitor || !views.makeQuickPanel || !views.makeFloatingButton) {
+        return;
+    }
+    m_localInput = views.makeLocalInputMonitor();
+    FloatingWindowTraits* traits = m_platform.floatingWindows.get();
+    m_quickPanel = std::make_unique<QuickPanelController>(
+        QuickPanelController::Services{*m_platform.workspace, *m_focus, *m_quietReader, *m_panels,
+                                       *m_localInput, *m_platform.globalInput, *m_defaults},
+        [make = views.makeQuickPanel, traits](QuickPanelController& controller) {
+            return make(controller, traits);
+        });
+    m_floatingButton = std::make_unique<FloatingButtonController>(
+        [make = views.makeFloatingButton, traits](FloatingButtonController& controller) {
+            return make(controller, traits);
+        });
+    m_selectionTrigger = std::make_unique<SelectionTriggerService>(
+        SelectionTriggerService::Services{*m_clock, *m_platform.workspace, *m_focus, *m_quietReader,
+                                          *m_exchange, *m_localInput, *m_platform.globalInput});
+    m_panels->setQuickPanel([this] { m_quickPanel->toggle(*m_appState); });
 }
 
 void MivoraNativeApp::showMainWindow()
@@ -196,6 +227,9 @@ void MivoraNativeApp::start()
         m_statusHUD->attach(*m_appState);
     }
     m_hotkeys->start(*m_appState);
+    if (m_selectionTrigger) {
+        m_selectionTrigger->start(*m_appState, *m_quickPanel, *m_floatingButton);
+    }
     // Registration is over when start returns (a failure was told above); whoever drives the app from
     // outside may press from now on.
     QTextStream(stdout) << "MivoraAI hotkeys ready" << Qt::endl;

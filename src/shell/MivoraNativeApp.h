@@ -15,6 +15,8 @@ class AppUpdateManager;
 class ClipboardHistoryService;
 class DefaultsStore;
 class EventLoopClock;
+class FloatingButtonController;
+class FloatingButtonSurface;
 class FocusService;
 class HotkeyService;
 class KeyboardLayoutService;
@@ -30,7 +32,10 @@ class PendingWindowTargets;
 class PermissionController;
 class PermissionService;
 class QNetworkAccessManager;
+class QuickPanelController;
+class QuickPanelSurface;
 class QuietSelectionReader;
+class SelectionTriggerService;
 class StatusHUDController;
 class StatusHUDSurface;
 class TraySurface;
@@ -52,6 +57,13 @@ public:
             makeMainWindow;
         std::function<std::unique_ptr<UpdateAlertPresenter>(AppUpdateManager&, std::function<UiLanguage()>)>
             makeUpdateAlerts;
+        // The watcher of input going to this program's own windows, for the floating panels' dismissal.
+        std::function<std::unique_ptr<InputEventMonitor>()> makeLocalInputMonitor;
+        std::function<std::unique_ptr<QuickPanelSurface>(QuickPanelController&, FloatingWindowTraits*)>
+            makeQuickPanel;
+        std::function<std::unique_ptr<FloatingButtonSurface>(FloatingButtonController&,
+                                                             FloatingWindowTraits*)>
+            makeFloatingButton;
     };
 
     explicit MivoraNativeApp(const Views& views = {}, QObject* parent = nullptr);
@@ -74,6 +86,7 @@ protected:
 
 private:
     void makeFace(const Views& views);
+    void makeQuickPanels(const Views& views);
 
     std::unique_ptr<EventLoopClock> m_clock;
     std::unique_ptr<DefaultsStore> m_defaults;
@@ -100,4 +113,8 @@ private:
     std::unique_ptr<MivoraAppDelegate> m_delegate;
     std::unique_ptr<StatusHUDController> m_statusHUD;
     std::unique_ptr<MenuBarController> m_menuBar;
+    std::unique_ptr<InputEventMonitor> m_localInput;
+    std::unique_ptr<QuickPanelController> m_quickPanel;
+    std::unique_ptr<FloatingButtonController> m_floatingButton;
+    std::unique_ptr<SelectionTriggerService> m_selectionTrigger;
 };

@@ -1,6 +1,11 @@
 #include "shell/ResidentPanels.h"
 
-void ResidentPanels::toggleQuickPanel() {}
+void ResidentPanels::toggleQuickPanel()
+{
+    if (m_toggleQuickPanel) {
+        m_toggleQuickPanel();
+    }
+}
 
 void ResidentPanels::toggleClipboardPanel() {}
 

@@ -2,13 +2,21 @@
 
 #include "hotkeys/HotkeyPanelTargets.h"
 
+#include <functional>
+
 // Routes the hotkeys, the tray menu and the main window to the floating panels. Each panel's controller
 // joins here as it is made; until then its requests do nothing. GUI thread.
 class ResidentPanels : public HotkeyPanelTargets {
 public:
+    // The quick panel's show-or-hide, once its controller exists.
+    void setQuickPanel(std::function<void()> toggle) { m_toggleQuickPanel = std::move(toggle); }
+
     void toggleQuickPanel() override;
     void toggleClipboardPanel() override;
     void showAssistant(const QString& context) override;
     void showReply(const QString& message, const AIReplyStyle& style, const QString& targetLanguage) override;
     void showTranslationPreview() override;
+
+private:
+    std::function<void()> m_toggleQuickPanel;
 };

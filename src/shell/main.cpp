@@ -1,4 +1,7 @@
 #include "core/MivoraAppState.h"
+#include "panels/views/FloatingButtonPanel.h"
+#include "panels/views/QtLocalInputMonitor.h"
+#include "panels/views/QuickActionPanel.h"
 #include "panels/views/StatusHUDPanel.h"
 #include "shell/CommandLine.h"
 #include "shell/DisplaySession.h"
@@ -61,6 +64,13 @@ MivoraNativeApp::Views residentViews()
     };
     views.makeUpdateAlerts = [](AppUpdateManager& updates, std::function<UiLanguage()> language) {
         return std::make_unique<UpdateAlertDialog>(updates, std::move(language));
+    };
+    views.makeLocalInputMonitor = [] { return std::make_unique<QtLocalInputMonitor>(); };
+    views.makeQuickPanel = [](QuickPanelController& controller, FloatingWindowTraits* traits) {
+        return std::make_unique<QuickActionPanel>(controller, traits);
+    };
+    views.makeFloatingButton = [](FloatingButtonController& controller, FloatingWindowTraits* traits) {
+        return std::make_unique<FloatingButtonPanel>(controller, traits);
     };
     return views;
 }
