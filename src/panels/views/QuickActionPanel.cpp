@@ -50,9 +50,10 @@ QuickActionPanel::QuickActionPanel(QuickPanelController& controller, FloatingWin
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->viewport()->setAutoFillBackground(false);
+    // The rows lie on the panel's own sheet.
+    scroll->setStyleSheet(
+        QStringLiteral("QScrollArea, QScrollArea > QWidget > QWidget { background: transparent; }"));
     auto* list = new QWidget;
-    list->setAutoFillBackground(false);
     m_rows = new QVBoxLayout(list);
     m_rows->setContentsMargins(0, 0, 0, 0);
     scroll->setWidget(list);

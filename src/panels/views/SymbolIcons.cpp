@@ -19,7 +19,7 @@ const QHash<QString, Symbol>& symbols()
         // Actions and styles.
         {QStringLiteral("bubble.left.and.bubble.right"), {u"internet-chat", u"❝"}},
         {QStringLiteral("bubble.left.and.text.bubble.right"), {u"mail-reply-sender", u"❝"}},
-        {QStringLiteral("translate"), {u"preferences-desktop-locale", u"文"}},
+        {QStringLiteral("translate"), {u"preferences-desktop-locale", u"⇄"}},
         {QStringLiteral("wand.and.sparkles"), {u"tools-check-spelling", u"✧"}},
         {QStringLiteral("sparkles"), {u"starred", u"✦"}},
         {QStringLiteral("face.smiling"), {u"face-smile", u"☺"}},
