@@ -62,10 +62,13 @@ protected:
         return found;
     }
 
+    // A click as a person makes it: the button held for a moment.
     static void click(const QStringList& where)
     {
-        ASSERT_TRUE(xdotool(QStringList{QStringLiteral("mousemove")} + where +
-                            QStringList{QStringLiteral("click"), QStringLiteral("1")}));
+        ASSERT_TRUE(
+            xdotool(QStringList{QStringLiteral("mousemove")} + where +
+                    QStringList{QStringLiteral("mousedown"), QStringLiteral("1"), QStringLiteral("sleep"),
+                                QStringLiteral("0.15"), QStringLiteral("mouseup"), QStringLiteral("1")}));
     }
 
     X11TestClient keyboard;

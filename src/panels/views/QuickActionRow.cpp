@@ -79,6 +79,12 @@ void QuickActionRow::leaveEvent(QEvent*)
     }
 }
 
+void QuickActionRow::mousePressEvent(QMouseEvent* event)
+{
+    // Taken here, so the press does not reach the panel's background and start a move instead of a click.
+    event->accept();
+}
+
 void QuickActionRow::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
