@@ -21,7 +21,7 @@ constexpr int titleGap = 10;
 QuickActionRow::QuickActionRow(QuickPanelController& controller, MivoraAppState& appState, QuickAction action,
                                const QuickPanelController::Metrics& metrics, QColor ink, QWidget* parent)
     : QWidget(parent), m_controller(controller), m_action(std::move(action)),
-      m_title(appState.title(m_action)), m_metrics(metrics), m_ink(std::move(ink))
+      m_title(appState.title(m_action)), m_metrics(metrics), m_ink(ink)
 {
     setObjectName(QStringLiteral("quickAction:") + m_action.id);
     setAccessibleName(m_title);
