@@ -102,6 +102,17 @@ TEST(QuickPanelGeometryTest, SizeFollowsTheMenuScaleAndTheScreen)
     }
 }
 
+TEST(FloatingButtonPlacementTest, StaysTwelvePixelsInsideTheVisibleArea)
+{
+    const QRect area(0, 30, 1600, 970);
+    const QSize button = FloatingButtonController::buttonSize;
+    EXPECT_EQ(FloatingButtonController::positionNearMouse({800, 500}, area, button),
+              QPoint(812, 500 - 8 - 54));
+    EXPECT_EQ(FloatingButtonController::positionNearMouse({1599, 999}, area, button),
+              QPoint(1600 - 54 - 12, 1000 - 54 - 12));
+    EXPECT_EQ(FloatingButtonController::positionNearMouse({0, 31}, area, button), QPoint(12, 42));
+}
+
 TEST_F(QuickPanelTest, SavedSizeKeepsToTheHeightLimit)
 {
     defaults.setValue("mivora.quickPanel.width", 900.0);
