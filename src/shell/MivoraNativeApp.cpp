@@ -18,6 +18,11 @@
 #include "panels/KeyPanelSurface.h"
 #include "panels/NativePanelExchange.h"
 #include "panels/PanelBackendClient.h"
+#include "panels/FloatingButtonController.h"
+#include "panels/FloatingButtonSurface.h"
+#include "panels/QuickPanelController.h"
+#include "panels/QuickPanelSurface.h"
+#include "panels/SelectionTriggerService.h"
 #include "panels/StatusHUDController.h"
 #include "panels/StatusHUDSurface.h"
 #include "panels/TranslationPreviewPanelController.h"
@@ -180,6 +185,30 @@ void MivoraNativeApp::makeFace(const Views& views)
         actions.quit = [this] { quit(); };
         m_menuBar = std::make_unique<MenuBarController>(views.makeTray, std::move(actions));
     }
+    makeQuickPanels(views);
+}
+
+void MivoraNativeApp::makeQuickPanels(const Views& views)
+{
+    if (!views.makeLocalInputMonitor || !views.makeQuickPanel || !views.makeFloatingButton) {
+        return;
+    }
+    m_localInput = views.makeLocalInputMonitor();
+    FloatingWindowTraits* traits = m_platform.floatingWindows.get();
+    m_quickPanel = std::make_unique<QuickPanelController>(
+        QuickPanelController::Services{*m_platform.workspace, *m_focus, *m_quietReader, *m_panels,
+                                       *m_localInput, *m_platform.globalInput, *m_defaults},
+        [make = views.makeQuickPanel, traits](QuickPanelController& controller) {
+            return make(controller, traits);
+        });
+    m_floatingButton = std::make_unique<FloatingButtonController>(
+        [make = views.makeFloatingButton, traits](FloatingButtonController& controller) {
+            return make(controller, traits);
+        });
+    m_selectionTrigger = std::make_unique<SelectionTriggerService>(
+        SelectionTriggerService::Services{*m_clock, *m_platform.workspace, *m_focus, *m_quietReader,
+                                          *m_exchange, *m_localInput, *m_platform.globalInput});
+    m_panels->setQuickPanel([this] { m_quickPanel->toggle(*m_appState); });
 }
 
 void MivoraNativeApp::showMainWindow()
@@ -245,6 +274,9 @@ void MivoraNativeApp::start()
         m_statusHUD->attach(*m_appState);
     }
     m_hotkeys->start(*m_appState);
+    if (m_selectionTrigger) {
+        m_selectionTrigger->start(*m_appState, *m_quickPanel, *m_floatingButton);
+    }
     // Registration is over when start returns (a failure was told above); whoever drives the app from
     // outside may press from now on.
     QTextStream(stdout) << "MivoraAI hotkeys ready" << Qt::endl;

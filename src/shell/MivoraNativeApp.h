@@ -17,6 +17,8 @@ class ChromeAppWindowService;
 class ClipboardHistoryService;
 class DefaultsStore;
 class EventLoopClock;
+class FloatingButtonController;
+class FloatingButtonSurface;
 class FloatingWindowTraits;
 class FocusService;
 class HotkeyService;
@@ -36,7 +38,10 @@ class ResidentPanels;
 class PermissionController;
 class PermissionService;
 class QNetworkAccessManager;
+class QuickPanelController;
+class QuickPanelSurface;
 class QuietSelectionReader;
+class SelectionTriggerService;
 class StatusHUDController;
 class StatusHUDSurface;
 class TranslationPreviewPanelController;
@@ -68,6 +73,13 @@ public:
         std::function<std::unique_ptr<KeyPanelSurface>(TranslationPreviewPanelController&,
                                                        FloatingWindowTraits*, InputEventMonitor& globalInput)>
             makeTranslationPreview;
+        // The watcher of input going to this program's own windows, for the floating panels' dismissal.
+        std::function<std::unique_ptr<InputEventMonitor>()> makeLocalInputMonitor;
+        std::function<std::unique_ptr<QuickPanelSurface>(QuickPanelController&, FloatingWindowTraits*)>
+            makeQuickPanel;
+        std::function<std::unique_ptr<FloatingButtonSurface>(FloatingButtonController&,
+                                                             FloatingWindowTraits*)>
+            makeFloatingButton;
     };
 
     explicit MivoraNativeApp(const Views& views = {}, QObject* parent = nullptr);
@@ -91,6 +103,7 @@ protected:
 private:
     void makeFace(const Views& views);
     void makeAIPanels(const Views& views);
+    void makeQuickPanels(const Views& views);
 
     std::unique_ptr<EventLoopClock> m_clock;
     std::unique_ptr<DefaultsStore> m_defaults;
@@ -125,4 +138,8 @@ private:
     std::unique_ptr<MivoraAppDelegate> m_delegate;
     std::unique_ptr<StatusHUDController> m_statusHUD;
     std::unique_ptr<MenuBarController> m_menuBar;
+    std::unique_ptr<InputEventMonitor> m_localInput;
+    std::unique_ptr<QuickPanelController> m_quickPanel;
+    std::unique_ptr<FloatingButtonController> m_floatingButton;
+    std::unique_ptr<SelectionTriggerService> m_selectionTrigger;
 };

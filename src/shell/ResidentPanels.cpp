@@ -3,7 +3,12 @@
 #include "panels/AssistantPanelController.h"
 #include "panels/TranslationPreviewPanelController.h"
 
-void ResidentPanels::toggleQuickPanel() {}
+void ResidentPanels::toggleQuickPanel()
+{
+    if (m_toggleQuickPanel) {
+        m_toggleQuickPanel();
+    }
+}
 
 void ResidentPanels::toggleClipboardPanel() {}
 

@@ -2,6 +2,8 @@
 
 #include "hotkeys/HotkeyPanelTargets.h"
 
+#include <functional>
+
 class AssistantPanelController;
 class TranslationPreviewPanelController;
 
@@ -9,6 +11,9 @@ class TranslationPreviewPanelController;
 // joins here as it is made; until then its requests do nothing. GUI thread.
 class ResidentPanels : public HotkeyPanelTargets {
 public:
+    // The quick panel's show-or-hide, once its controller exists.
+    void setQuickPanel(std::function<void()> toggle) { m_toggleQuickPanel = std::move(toggle); }
+
     void toggleQuickPanel() override;
     void toggleClipboardPanel() override;
     void showAssistant(const QString& context) override;
@@ -20,6 +25,7 @@ public:
     void setTranslationPreview(TranslationPreviewPanelController* preview) { m_translationPreview = preview; }
 
 private:
+    std::function<void()> m_toggleQuickPanel;
     AssistantPanelController* m_assistant = nullptr;
     TranslationPreviewPanelController* m_translationPreview = nullptr;
 };

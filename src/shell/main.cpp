@@ -2,6 +2,9 @@
 #include "panels/AssistantPanelController.h"
 #include "panels/TranslationPreviewPanelController.h"
 #include "panels/views/AssistantPanel.h"
+#include "panels/views/FloatingButtonPanel.h"
+#include "panels/views/QtLocalInputMonitor.h"
+#include "panels/views/QuickActionPanel.h"
 #include "panels/views/StatusHUDPanel.h"
 #include "panels/views/TranslationPreviewPanel.h"
 #include "shell/CommandLine.h"
@@ -72,6 +75,13 @@ MivoraNativeApp::Views residentViews()
     views.makeTranslationPreview = [](TranslationPreviewPanelController& controller,
                                       FloatingWindowTraits* traits, InputEventMonitor& globalInput) {
         return std::make_unique<TranslationPreviewPanel>(controller, traits, globalInput);
+    };
+    views.makeLocalInputMonitor = [] { return std::make_unique<QtLocalInputMonitor>(); };
+    views.makeQuickPanel = [](QuickPanelController& controller, FloatingWindowTraits* traits) {
+        return std::make_unique<QuickActionPanel>(controller, traits);
+    };
+    views.makeFloatingButton = [](FloatingButtonController& controller, FloatingWindowTraits* traits) {
+        return std::make_unique<FloatingButtonPanel>(controller, traits);
     };
     return views;
 }

@@ -4,7 +4,7 @@
 #include "panels/AssistantPanelController.h"
 #include "panels/LanguageShortCode.h"
 #include "panels/views/AssistantComposerTextView.h"
-#include "panels/views/SymbolIcon.h"
+#include "panels/views/SymbolIcons.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -245,10 +245,10 @@ void AssistantPanel::refresh()
     const bool running = c.isRunning();
 
     m_headerIcon->setPixmap(
-        SymbolIcon::make(QStringLiteral("bubble.left.and.bubble.right"), accent, 18).pixmap(18));
+        SymbolIcons::icon(QStringLiteral("bubble.left.and.bubble.right"), accent, 18).pixmap(18));
     m_title->setText(reply ? QStringLiteral("AI Reply") : c.text("AI assistant", "AI помощник"));
     m_newChat->setVisible(!reply);
-    m_newChat->setIcon(SymbolIcon::make(QStringLiteral("plus.message"), ink));
+    m_newChat->setIcon(SymbolIcons::icon(QStringLiteral("plus.message"), ink, 16));
     m_newChat->setToolTip(c.text("New chat", "Новый чат"));
     m_styleMenu->setVisible(reply);
     m_styleMenu->setEnabled(!running);
@@ -259,7 +259,7 @@ void AssistantPanel::refresh()
     for (const AIReplyStyle& style : c.replyStyles()) {
         QAction* action = styles->addAction(style.name);
         if (style.id == c.selectedReplyStyleID()) {
-            action->setIcon(SymbolIcon::make(QStringLiteral("checkmark"), ink));
+            action->setIcon(SymbolIcons::icon(QStringLiteral("checkmark"), ink, 16));
         }
         connect(action, &QAction::triggered, this,
                 [this, id = style.id] { m_controller.selectReplyStyle(id); });
@@ -274,17 +274,17 @@ void AssistantPanel::refresh()
     m_contextToggle->setText(c.contextEnabled() ? c.text("Context on", "Контекст включен")
                                                 : c.text("Context", "Контекст"));
     m_contextToggle->setIcon(
-        c.contextEnabled() ? SymbolIcon::make(QStringLiteral("checkmark.circle.fill"), accent) : QIcon());
+        c.contextEnabled() ? SymbolIcons::icon(QStringLiteral("checkmark.circle.fill"), accent, 16) : QIcon());
     const bool hasContext = !c.contextText().trimmed().isEmpty();
     m_contextChars->setVisible(hasContext);
     m_contextChars->setText(QString::number(c.contextCharacterCount()) + c.text(" chars", " симв."));
     m_pasteResult->setVisible(!c.resultText().isEmpty());
-    m_pasteResult->setIcon(SymbolIcon::make(QStringLiteral("arrow.turn.down.left"), ink));
+    m_pasteResult->setIcon(SymbolIcons::icon(QStringLiteral("arrow.turn.down.left"), ink, 16));
     m_pasteResult->setToolTip(c.text("Paste result", "Вставить результат"));
     m_editor->setPlaceholder(c.text("Ask AI...", "Спросить AI..."));
     m_editor->setTextIfDifferent(c.requestText());
     m_send->setIcon(
-        SymbolIcon::make(running ? QStringLiteral("sparkles") : QStringLiteral("paperplane.fill"), accent));
+        SymbolIcons::icon(running ? QStringLiteral("sparkles") : QStringLiteral("paperplane.fill"), accent, 16));
     m_send->setToolTip(c.text("Send", "Отправить"));
     m_send->setAccessibleName(m_send->toolTip());
     m_send->setEnabled(c.canSend());
@@ -309,18 +309,18 @@ void AssistantPanel::refresh()
         action.button->setAccessibleName(action.button->toolTip());
         action.button->setEnabled(act);
         if (action.symbol != nullptr) {
-            action.button->setIcon(SymbolIcon::make(QString::fromLatin1(action.symbol), ink));
+            action.button->setIcon(SymbolIcons::icon(QString::fromLatin1(action.symbol), ink, 16));
         }
     }
     m_translate->setText(c.text("Translate", "Перевод"));
-    m_language->setIcon(SymbolIcon::make(QStringLiteral("globe"), ink));
+    m_language->setIcon(SymbolIcons::icon(QStringLiteral("globe"), ink, 16));
     m_language->setText(LanguageShortCode::of(c.replyTranslationLanguage()) + QStringLiteral(" ▾"));
     m_language->setToolTip(c.text("Translation language", "Язык перевода"));
     m_language->setEnabled(!running);
     for (int row = 0; row < m_languageList->count(); ++row) {
         QListWidgetItem* item = m_languageList->item(row);
         const bool current = item->data(Qt::UserRole).toString() == c.replyTranslationLanguage();
-        item->setIcon(current ? SymbolIcon::make(QStringLiteral("checkmark"), accent) : QIcon());
+        item->setIcon(current ? SymbolIcons::icon(QStringLiteral("checkmark"), accent, 16) : QIcon());
     }
     if (!reply || running) {
         m_languageList->hide();
@@ -348,7 +348,7 @@ void AssistantPanel::rebuildTranscript()
         m_transcriptLayout->addStretch(1);
         auto* icon = new QLabel(m_transcript);
         icon->setAlignment(Qt::AlignCenter);
-        icon->setPixmap(SymbolIcon::make(QStringLiteral("sparkles"), palette().color(QPalette::Highlight), 28)
+        icon->setPixmap(SymbolIcons::icon(QStringLiteral("sparkles"), palette().color(QPalette::Highlight), 28)
                             .pixmap(28));
         m_transcriptLayout->addWidget(icon);
         m_placeholder =
@@ -378,7 +378,7 @@ void AssistantPanel::rebuildTranscript()
         auto* copy = toolButton(m_transcript, QStringLiteral("assistantCopyTurn"));
         const bool copied = c.copiedTurnID() == turn.id;
         copy->setIcon(
-            SymbolIcon::make(copied ? QStringLiteral("checkmark") : QStringLiteral("doc.on.doc"), ink));
+            SymbolIcons::icon(copied ? QStringLiteral("checkmark") : QStringLiteral("doc.on.doc"), ink, 16));
         connect(copy, &QToolButton::clicked, this, [this, turn] { m_controller.copyMessage(turn); });
         answerRow->addWidget(answer, 1);
         answerRow->addWidget(copy, 0, Qt::AlignTop);

@@ -5,7 +5,7 @@
 #include "panels/TranslationPreviewPanelController.h"
 #include "panels/views/QtLocalInputMonitor.h"
 #include "panels/views/SelectablePreviewTextView.h"
-#include "panels/views/SymbolIcon.h"
+#include "panels/views/SymbolIcons.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -175,11 +175,11 @@ void TranslationPreviewPanel::refresh()
     const bool running = c.isRunning();
     m_title->setText(c.text("Translation", "Перевод"));
     m_titleIcon->setPixmap(
-        SymbolIcon::make(QStringLiteral("translate"), palette().color(QPalette::Highlight)).pixmap(16));
+        SymbolIcons::icon(QStringLiteral("translate"), palette().color(QPalette::Highlight), 16).pixmap(16));
     m_spinner->setVisible(running);
     const bool shown = c.sourceVisible();
     m_sourceToggle->setIcon(
-        SymbolIcon::make(shown ? QStringLiteral("sidebar.left") : QStringLiteral("sidebar.leading"), ink));
+        SymbolIcons::icon(shown ? QStringLiteral("sidebar.left") : QStringLiteral("sidebar.leading"), ink, 16));
     m_sourceToggle->setToolTip(shown ? c.text("Hide original", "Скрыть оригинал")
                                      : c.text("Show original", "Показать оригинал"));
     m_language->setToolTip(c.text("Language", "Язык"));
@@ -201,12 +201,12 @@ void TranslationPreviewPanel::refresh()
     m_error->setVisible(!c.errorText().isEmpty());
 
     m_fromClipboard->setText(c.text("From Clipboard", "Из буфера"));
-    m_fromClipboard->setIcon(SymbolIcon::make(QStringLiteral("doc.on.clipboard"), ink));
+    m_fromClipboard->setIcon(SymbolIcons::icon(QStringLiteral("doc.on.clipboard"), ink, 16));
     m_fromClipboard->setEnabled(!running);
     m_copy->setText(c.text("Copy", "Скопировать"));
-    m_copy->setIcon(SymbolIcon::make(QStringLiteral("doc.on.doc"), ink));
+    m_copy->setIcon(SymbolIcons::icon(QStringLiteral("doc.on.doc"), ink, 16));
     m_insert->setText(c.text("Insert", "Вставить перевод"));
-    m_insert->setIcon(SymbolIcon::make(QStringLiteral("arrow.turn.down.left"), ink));
+    m_insert->setIcon(SymbolIcons::icon(QStringLiteral("arrow.turn.down.left"), ink, 16));
     const bool hasResult = !c.resultText().isEmpty();
     m_copy->setEnabled(hasResult);
     m_insert->setEnabled(hasResult);

@@ -2,6 +2,7 @@
 
 #include "core/MivoraAppState.h"
 #include "core/UiLanguage.h"
+#include "panels/views/SymbolIcons.h"
 #include "panels/views/ThemePainter.h"
 #include "shell/settings/views/SettingsPageFactory.h"
 #include "shell/views/GeneralSettingsView.h"
@@ -21,23 +22,6 @@ namespace {
 
 constexpr int pageCount = int(EnumTable<SettingsPage>::cases.size());
 
-// A glyph for each page's symbol, drawn on the page's coloured tile.
-QString glyphFor(const QString& symbol)
-{
-    static const QHash<QString, QString> glyphs{
-        {QStringLiteral("gearshape"), QStringLiteral("⚙")},
-        {QStringLiteral("sparkles"), QStringLiteral("✦")},
-        {QStringLiteral("text.badge.star"), QStringLiteral("★")},
-        {QStringLiteral("bubble.left.and.text.bubble.right"), QStringLiteral("❝")},
-        {QStringLiteral("bolt.circle"), QStringLiteral("ϟ")},
-        {QStringLiteral("clipboard"), QStringLiteral("▤")},
-        {QStringLiteral("keyboard"), QStringLiteral("⌨")},
-        {QStringLiteral("lock.shield"), QStringLiteral("◈")},
-        {QStringLiteral("arrow.down.circle"), QStringLiteral("⇩")},
-    };
-    return glyphs.value(symbol, QStringLiteral("•"));
-}
-
 QIcon tileIcon(SettingsPage page)
 {
     static const QColor tiles[] = {
@@ -56,7 +40,7 @@ QIcon tileIcon(SettingsPage page)
     font.setPixelSize(28);
     painter.setFont(font);
     painter.setPen(Qt::white);
-    painter.drawText(QRectF(0, 0, 48, 48), Qt::AlignCenter, glyphFor(symbolName(page)));
+    painter.drawText(QRectF(0, 0, 48, 48), Qt::AlignCenter, SymbolIcons::glyph(symbolName(page)));
     return QIcon(pixmap);
 }
 

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QColor>
+#include <QIcon>
+#include <QRectF>
+#include <QString>
+
+class QPainter;
+
+// The one table from the program's symbol names ("bolt.fill", "clipboard", "sparkles"…) to what a Linux
+// desktop can show: a freedesktop icon-theme name, and a drawing in one colour that needs nothing but the
+// fonts every system has. Every panel asks here, so each symbol has an icon everywhere. GUI thread.
+class SymbolIcons {
+public:
+    // The icon-theme name for the symbol; empty for a symbol the table does not know.
+    static QString themeName(const QString& symbol);
+    // The character drawn for the symbol when no shape of its own is drawn; a dot for unknown symbols.
+    static QString glyph(const QString& symbol);
+    // Draws the symbol in one colour, centred in rect; unknown names give a plain dot, never a hole.
+    static void paint(QPainter& painter, const QRectF& rect, const QString& symbol, const QColor& color);
+    // The theme's icon when the current theme has one, otherwise the drawing in color at side pixels.
+    static QIcon icon(const QString& symbol, const QColor& color, int side);
+};
