@@ -13,6 +13,11 @@
 class AccessibilityTextReader;
 class AppUpdateManager;
 class ClipboardHistoryService;
+class ClipboardNotesService;
+class ClipboardPanelController;
+class ClipboardPanelSurface;
+class FloatingWindowTraits;
+class InputEventMonitor;
 class DefaultsStore;
 class EventLoopClock;
 class FocusService;
@@ -52,6 +57,10 @@ public:
             makeMainWindow;
         std::function<std::unique_ptr<UpdateAlertPresenter>(AppUpdateManager&, std::function<UiLanguage()>)>
             makeUpdateAlerts;
+        // Watches the presses that go to this program's own windows, for the panels' dismissal.
+        std::function<std::unique_ptr<InputEventMonitor>()> makeLocalInputMonitor;
+        std::function<std::unique_ptr<ClipboardPanelSurface>(ClipboardPanelController&, FloatingWindowTraits*)>
+            makeClipboardPanel;
     };
 
     explicit MivoraNativeApp(const Views& views = {}, QObject* parent = nullptr);
@@ -100,4 +109,7 @@ private:
     std::unique_ptr<MivoraAppDelegate> m_delegate;
     std::unique_ptr<StatusHUDController> m_statusHUD;
     std::unique_ptr<MenuBarController> m_menuBar;
+    std::unique_ptr<InputEventMonitor> m_localInput;
+    std::unique_ptr<ClipboardNotesService> m_clipboardNotes;
+    std::unique_ptr<ClipboardPanelController> m_clipboardPanel;
 };

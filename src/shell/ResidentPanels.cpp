@@ -1,8 +1,15 @@
 #include "shell/ResidentPanels.h"
 
+#include "clipboard/ClipboardPanelController.h"
+
 void ResidentPanels::toggleQuickPanel() {}
 
-void ResidentPanels::toggleClipboardPanel() {}
+void ResidentPanels::toggleClipboardPanel()
+{
+    if (m_clipboardPanel != nullptr) {
+        m_clipboardPanel->toggle();
+    }
+}
 
 void ResidentPanels::showAssistant(const QString&) {}
 

@@ -1,4 +1,6 @@
+#include "clipboard/views/ClipboardHistoryPanel.h"
 #include "core/MivoraAppState.h"
+#include "panels/views/QtLocalInputMonitor.h"
 #include "panels/views/StatusHUDPanel.h"
 #include "shell/CommandLine.h"
 #include "shell/DisplaySession.h"
@@ -61,6 +63,10 @@ MivoraNativeApp::Views residentViews()
     };
     views.makeUpdateAlerts = [](AppUpdateManager& updates, std::function<UiLanguage()> language) {
         return std::make_unique<UpdateAlertDialog>(updates, std::move(language));
+    };
+    views.makeLocalInputMonitor = [] { return std::make_unique<QtLocalInputMonitor>(); };
+    views.makeClipboardPanel = [](ClipboardPanelController& controller, FloatingWindowTraits* traits) {
+        return std::make_unique<ClipboardHistoryPanel>(controller, traits);
     };
     return views;
 }

@@ -4,6 +4,73 @@
 #include <QPainter>
 #include <QPainterPath>
 
+namespace {
+
+// Outline symbols of the list panels, drawn on a unit box.
+bool paintLineSymbol(QPainter& painter, const QRectF& box, const QString& name, const QPen& pen)
+{
+    const auto at = [&box](qreal x, qreal y) {
+        return QPointF(box.left() + box.width() * x, box.top() + box.height() * y);
+    };
+    const auto rect = [&box](qreal x, qreal y, qreal w, qreal h) {
+        return QRectF(box.left() + box.width() * x, box.top() + box.height() * y, box.width() * w,
+                      box.height() * h);
+    };
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    if (name == u"plus" || name == u"minus") {
+        painter.drawLine(at(0.2, 0.5), at(0.8, 0.5));
+        if (name == u"plus") {
+            painter.drawLine(at(0.5, 0.2), at(0.5, 0.8));
+        }
+    } else if (name == u"xmark") {
+        painter.drawLine(at(0.25, 0.25), at(0.75, 0.75));
+        painter.drawLine(at(0.75, 0.25), at(0.25, 0.75));
+    } else if (name == u"xmark.circle.fill") {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(pen.color());
+        painter.drawEllipse(rect(0.06, 0.06, 0.88, 0.88));
+        painter.setPen(QPen(Qt::white, pen.widthF(), Qt::SolidLine, Qt::RoundCap));
+        painter.drawLine(at(0.35, 0.35), at(0.65, 0.65));
+        painter.drawLine(at(0.65, 0.35), at(0.35, 0.65));
+    } else if (name == u"checkmark") {
+        painter.drawPolyline(QPolygonF({at(0.2, 0.52), at(0.42, 0.72), at(0.8, 0.3)}));
+    } else if (name == u"trash") {
+        painter.drawLine(at(0.18, 0.26), at(0.82, 0.26));
+        painter.drawLine(at(0.4, 0.14), at(0.6, 0.14));
+        painter.drawPolyline(QPolygonF({at(0.26, 0.26), at(0.32, 0.88), at(0.68, 0.88), at(0.74, 0.26)}));
+    } else if (name == u"magnifyingglass") {
+        painter.drawEllipse(rect(0.14, 0.14, 0.5, 0.5));
+        painter.drawLine(at(0.56, 0.56), at(0.86, 0.86));
+    } else if (name == u"clipboard") {
+        painter.drawRoundedRect(rect(0.2, 0.18, 0.6, 0.72), 2, 2);
+        painter.drawRoundedRect(rect(0.36, 0.1, 0.28, 0.14), 1, 1);
+    } else if (name == u"note.text") {
+        painter.drawRoundedRect(rect(0.18, 0.14, 0.64, 0.72), 2, 2);
+        for (const qreal y : {0.34, 0.5, 0.66}) {
+            painter.drawLine(at(0.32, y), at(0.68, y));
+        }
+    } else if (name == u"pencil") {
+        painter.drawPolygon(QPolygonF({at(0.66, 0.14), at(0.86, 0.34), at(0.38, 0.82), at(0.16, 0.84),
+                                       at(0.18, 0.62)}));
+    } else if (name == u"arrow.turn.down.left") {
+        painter.drawPolyline(QPolygonF({at(0.8, 0.18), at(0.8, 0.62), at(0.22, 0.62)}));
+        painter.drawPolyline(QPolygonF({at(0.4, 0.44), at(0.22, 0.62), at(0.4, 0.8)}));
+    } else if (name == u"doc.on.doc" || name == u"plus.square.on.square") {
+        painter.drawRoundedRect(rect(0.14, 0.14, 0.5, 0.56), 2, 2);
+        painter.drawRoundedRect(rect(0.36, 0.3, 0.5, 0.56), 2, 2);
+        if (name == u"plus.square.on.square") {
+            painter.drawLine(at(0.61, 0.46), at(0.61, 0.7));
+            painter.drawLine(at(0.49, 0.58), at(0.73, 0.58));
+        }
+    } else {
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
 QColor ThemePainter::color(const ThemeColor& color, const QPalette& palette)
 {
     QColor result;
@@ -128,6 +195,8 @@ void ThemePainter::paintSymbol(QPainter& painter, const QRectF& rect, const QStr
         painter.setPen(Qt::NoPen);
         painter.setBrush(color);
         painter.drawPath(bolt);
+    } else if (paintLineSymbol(painter, box, name, pen)) {
+        // Drawn in outline by the symbol table.
     } else {
         painter.setPen(Qt::NoPen);
         painter.setBrush(color);
