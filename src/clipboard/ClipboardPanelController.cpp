@@ -221,10 +221,10 @@ void ClipboardPanelController::tabsChanged()
         m_selectedTabId = tabs.isEmpty() ? clipboardTabId() : tabs.constFirst().id;
     }
     const std::optional<ClipboardNoteTab> tab = m_services.notes.tab(m_selectedTabId);
-    const bool noteThere = tab && m_selectedNoteId &&
-                           std::any_of(tab->notes.begin(), tab->notes.end(), [this](const ClipboardNoteItem& note) {
-                               return note.id == *m_selectedNoteId;
-                           });
+    const bool noteThere =
+        tab && m_selectedNoteId &&
+        std::any_of(tab->notes.begin(), tab->notes.end(),
+                    [this](const ClipboardNoteItem& note) { return note.id == *m_selectedNoteId; });
     if (!noteThere) {
         m_selectedNoteId = firstNoteId(m_selectedTabId);
     }
@@ -239,8 +239,8 @@ void ClipboardPanelController::tabsChanged()
 void ClipboardPanelController::refreshEntries()
 {
     const QString needle = m_searchText.trimmed();
-    const bool narrowing = !m_sourceChanged && m_lastNeedleTabId == m_selectedTabId && !m_lastNeedle.isEmpty() &&
-                           needle.contains(m_lastNeedle, Qt::CaseInsensitive);
+    const bool narrowing = !m_sourceChanged && m_lastNeedleTabId == m_selectedTabId &&
+                           !m_lastNeedle.isEmpty() && needle.contains(m_lastNeedle, Qt::CaseInsensitive);
     QList<ClipboardListEntry> rows;
     if (narrowing) {
         for (const ClipboardListEntry& entry : std::as_const(m_lastMatches)) {
@@ -615,7 +615,8 @@ void ClipboardPanelController::saveNoteDraft()
         const QString id = *m_editingNoteId;
         m_services.notes.updateNote(m_selectedTabId, id, m_noteDraft);
         m_selectedNoteId = id;
-    } else if (const std::optional<ClipboardNoteItem> note = m_services.notes.addNote(m_selectedTabId, m_noteDraft)) {
+    } else if (const std::optional<ClipboardNoteItem> note =
+                   m_services.notes.addNote(m_selectedTabId, m_noteDraft)) {
         m_selectedNoteId = note->id;
     }
     cancelNoteEditing();
@@ -668,8 +669,9 @@ void ClipboardPanelController::saveClipboardItemAsNote(const QString& itemId)
     }
     const QString text = item->text;
     const QList<ClipboardNoteTab>& tabs = m_services.notes.tabs();
-    const QString target = tabs.isEmpty() ? m_services.notes.addTab(localized(m_language, "Notes", "Заметки")).id
-                                          : tabs.constFirst().id;
+    const QString target = tabs.isEmpty()
+                               ? m_services.notes.addTab(localized(m_language, "Notes", "Заметки")).id
+                               : tabs.constFirst().id;
     if (const std::optional<ClipboardNoteItem> note = m_services.notes.addNote(target, text)) {
         selectTab(target);
         m_selectedNoteId = note->id;
@@ -681,5 +683,6 @@ void ClipboardPanelController::saveClipboardItemAsNote(const QString& itemId)
 void ClipboardPanelController::requestFocus(FocusTarget target)
 {
     // One turn later: the field the focus goes to appears with this very change.
-    m_focusTimer = m_services.clock.schedule(Clock::Duration(0), [this, target] { emit focusRequested(target); });
+    m_focusTimer =
+        m_services.clock.schedule(Clock::Duration(0), [this, target] { emit focusRequested(target); });
 }

@@ -84,12 +84,16 @@ public:
     std::unique_ptr<SavedPanelSize> makePanelSizeStore() const;
 
     UiLanguage language() const { return m_language; }
-    QString text(const char* english, const char* russian) const { return localized(m_language, english, russian); }
+    QString text(const char* english, const char* russian) const
+    {
+        return localized(m_language, english, russian);
+    }
     AppearanceMode appearance() const { return m_appearance; }
     SurfaceMode surface() const { return m_surfaceMode; }
 
     // The rows of the selected tab after the search, for the list view.
     ClipboardEntryListModel& entries() { return m_entries; }
+    const ClipboardEntryListModel& entries() const { return m_entries; }
     QList<ClipboardHistoryItem> filteredHistoryItems() const;
     QList<ClipboardNoteItem> filteredNotes() const;
     bool isClipboardTabSelected() const { return m_selectedTabId == clipboardTabId(); }

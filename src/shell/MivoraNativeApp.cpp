@@ -21,6 +21,7 @@
 #include "platform/AccessibilityTree.h"
 #include "platform/ApplicationWorkspace.h"
 #include "platform/GlobalHotkeyRegistrar.h"
+#include "platform/InputEventMonitor.h"
 #include "platform/InputSourceProvider.h"
 #include "platform/LanguageRecognizer.h"
 #include "platform/ModifierKeyState.h"
@@ -45,8 +46,8 @@
 #include "updates/UpdateAlertPresenter.h"
 
 #include <QCoreApplication>
-#include <QLoggingCategory>
 #include <QDir>
+#include <QLoggingCategory>
 #include <QNetworkAccessManager>
 #include <QStandardPaths>
 #include <QTextStream>

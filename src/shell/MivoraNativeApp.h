@@ -59,7 +59,8 @@ public:
             makeUpdateAlerts;
         // Watches the presses that go to this program's own windows, for the panels' dismissal.
         std::function<std::unique_ptr<InputEventMonitor>()> makeLocalInputMonitor;
-        std::function<std::unique_ptr<ClipboardPanelSurface>(ClipboardPanelController&, FloatingWindowTraits*)>
+        std::function<std::unique_ptr<ClipboardPanelSurface>(ClipboardPanelController&,
+                                                             FloatingWindowTraits*)>
             makeClipboardPanel;
     };
 

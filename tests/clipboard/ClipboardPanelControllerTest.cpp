@@ -45,8 +45,8 @@ protected:
     {
         if (!m_panel) {
             m_panel = std::make_unique<ClipboardPanelController>(
-                ClipboardPanelController::Services{clock, defaults, history, notes, pasteboard, exchange, focus,
-                                                   workspace, &localEvents, &globalEvents},
+                ClipboardPanelController::Services{clock, defaults, history, notes, pasteboard, exchange,
+                                                   focus, workspace, &localEvents, &globalEvents},
                 [this](ClipboardPanelController&) {
                     auto made = std::make_unique<FakeSurface>();
                     surface = made.get();
@@ -159,7 +159,8 @@ TEST_F(ClipboardPanelControllerTest, SearchIsCaseInsensitiveAcrossScriptsAndNarr
     panel().setSearchText(QStringLiteral("wor"));
     copied({"new world"});
     panel().setSearchText(QStringLiteral("world"));
-    EXPECT_EQ(rows(), (QStringList{"new world", "hello World", "world peace"})) << "a new item is searched too";
+    EXPECT_EQ(rows(), (QStringList{"new world", "hello World", "world peace"}))
+        << "a new item is searched too";
 }
 
 TEST_F(ClipboardPanelControllerTest, SelectionFallsBackAsTheListChanges)
@@ -175,7 +176,12 @@ TEST_F(ClipboardPanelControllerTest, SelectionFallsBackAsTheListChanges)
         {"hover", [&] { panel().selectEntry(history.items()[1].id); }, "two"},
         {"another item goes, selection stays", [&] { history.removeItem(history.items()[2].id); }, "two"},
         {"the selected one goes", [&] { history.removeItem(history.items()[1].id); }, "one"},
-        {"down past the end stays on the last", [&] { copied({"zero"}); panel().moveSelection(5); }, "one"},
+        {"down past the end stays on the last",
+         [&] {
+             copied({"zero"});
+             panel().moveSelection(5);
+         },
+         "one"},
         {"up", [&] { panel().moveSelection(-1); }, "zero"},
         {"search hides it: down starts at the top",
          [&] {
@@ -253,7 +259,8 @@ TEST_F(ClipboardPanelControllerTest, NotesAreWrittenEditedAndDeletedThroughTheEd
 {
     panel().startNewNote();
     ASSERT_EQ(notes.tabs().size(), 1);
-    EXPECT_EQ(notes.tabs()[0].title, QStringLiteral("Notes")) << "a new note from the Clipboard tab makes a tab";
+    EXPECT_EQ(notes.tabs()[0].title, QStringLiteral("Notes"))
+        << "a new note from the Clipboard tab makes a tab";
     EXPECT_TRUE(panel().isEditingNote());
     panel().setNoteDraft(QStringLiteral("   "));
     panel().saveNoteDraft();

@@ -110,9 +110,8 @@ void ClipboardEntryDelegate::paint(QPainter* painter, const QStyleOptionViewItem
     const QPointF origin(row.left() + padding, row.top() + padding);
     const int lineCount = layout.lineCount();
     const QTextLine last = lineCount > 0 ? layout.lineAt(lineCount - 1) : QTextLine();
-    const bool cut = last.isValid() &&
-                     (last.textStart() + last.textLength() < text.size() ||
-                      index.data(ClipboardEntryListModel::charsRole).toInt() > text.size());
+    const bool cut = last.isValid() && (last.textStart() + last.textLength() < text.size() ||
+                                        index.data(ClipboardEntryListModel::charsRole).toInt() > text.size());
     painter->setPen(palette.color(QPalette::Text));
     for (int line = 0; line < lineCount; ++line) {
         const QTextLine each = layout.lineAt(line);
@@ -140,7 +139,8 @@ void ClipboardEntryDelegate::paint(QPainter* painter, const QStyleOptionViewItem
     for (int button = 0; button < m_buttons.size(); ++button) {
         const Button& spec = m_buttons.at(button);
         const QColor ink = spec.destructive ? QColor(220, 60, 50) : palette.color(QPalette::ButtonText);
-        ClipboardSymbols::icon(spec.symbol, ink).paint(painter, buttonRect(option.rect.adjusted(2, 2, -2, -2), button).adjusted(3, 3, -3, -3));
+        ClipboardSymbols::icon(spec.symbol, ink)
+            .paint(painter, buttonRect(option.rect.adjusted(2, 2, -2, -2), button).adjusted(3, 3, -3, -3));
     }
     painter->restore();
 }

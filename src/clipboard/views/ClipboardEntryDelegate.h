@@ -22,13 +22,18 @@ public:
     void setLanguage(UiLanguage language) { m_language = language; }
     // The width rows are laid out in; the list sets it as it resizes.
     void setAvailableWidth(int width) { m_width = width; }
+    int availableWidth() const { return m_width; }
 
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
     // The button under pos in a row drawn in rowRect, or -1.
     int buttonAt(const QRect& rowRect, QPoint pos) const;
-    QString helpOf(int button) const { return button >= 0 && button < m_buttons.size() ? m_buttons.at(button).help : QString(); }
+    QString helpOf(int button) const
+    {
+        return button >= 0 && button < m_buttons.size() ? m_buttons.at(button).help : QString();
+    }
 
 private:
     QRect buttonRect(const QRect& rowRect, int button) const;

@@ -88,8 +88,12 @@ void ClipboardEntryList::contextMenuEvent(QContextMenuEvent* event)
 
 void ClipboardEntryList::resizeEvent(QResizeEvent* event)
 {
-    m_delegate->setAvailableWidth(viewport()->width());
     QListView::resizeEvent(event);
+    if (m_delegate->availableWidth() != viewport()->width()) {
+        // Row heights depend on the width: measure them again.
+        m_delegate->setAvailableWidth(viewport()->width());
+        scheduleDelayedItemsLayout();
+    }
 }
 
 bool ClipboardEntryList::viewportEvent(QEvent* event)

@@ -42,7 +42,8 @@ ClipboardHistoryPanel::ClipboardHistoryPanel(ClipboardPanelController& controlle
     strip->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     strip->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     strip->setFixedHeight(40);
-    strip->setStyleSheet(QStringLiteral("QScrollArea, QScrollArea > QWidget > QWidget { background: transparent; }"));
+    strip->setStyleSheet(
+        QStringLiteral("QScrollArea, QScrollArea > QWidget > QWidget { background: transparent; }"));
     m_tabStrip = new QWidget(strip);
     m_tabs = new QHBoxLayout(m_tabStrip);
     m_tabs->setContentsMargins(0, 0, 0, 0);
@@ -78,19 +79,24 @@ ClipboardHistoryPanel::ClipboardHistoryPanel(ClipboardPanelController& controlle
     m_content->insertWidget(editorPage, m_editor);
     layout->addWidget(m_content, 1);
 
-    connect(m_list, &ClipboardEntryList::entrySelected, &m_controller, &ClipboardPanelController::selectEntry);
-    connect(m_list, &ClipboardEntryList::entryActivated, &m_controller, &ClipboardPanelController::pasteEntry);
+    connect(m_list, &ClipboardEntryList::entrySelected, &m_controller,
+            &ClipboardPanelController::selectEntry);
+    connect(m_list, &ClipboardEntryList::entryActivated, &m_controller,
+            &ClipboardPanelController::pasteEntry);
     connect(m_list, &ClipboardEntryList::buttonClicked, this, &ClipboardHistoryPanel::rowButton);
     connect(m_list, &ClipboardEntryList::menuRequested, this, &ClipboardHistoryPanel::showRowMenu);
     connect(m_preview, &ClipboardSidePreview::actionTriggered, this, &ClipboardHistoryPanel::previewAction);
-    connect(m_editor, &ClipboardNoteEditor::draftEdited, &m_controller, &ClipboardPanelController::setNoteDraft);
-    connect(m_editor, &ClipboardNoteEditor::saveRequested, &m_controller, &ClipboardPanelController::saveNoteDraft);
+    connect(m_editor, &ClipboardNoteEditor::draftEdited, &m_controller,
+            &ClipboardPanelController::setNoteDraft);
+    connect(m_editor, &ClipboardNoteEditor::saveRequested, &m_controller,
+            &ClipboardPanelController::saveNoteDraft);
     connect(m_editor, &ClipboardNoteEditor::cancelRequested, &m_controller,
             &ClipboardPanelController::cancelNoteEditing);
     connect(&m_controller, &ClipboardPanelController::stateChanged, this, &ClipboardHistoryPanel::refresh);
     connect(&m_controller, &ClipboardPanelController::selectionChanged, this,
             &ClipboardHistoryPanel::refreshSelection);
-    connect(&m_controller, &ClipboardPanelController::focusRequested, this, &ClipboardHistoryPanel::applyFocus);
+    connect(&m_controller, &ClipboardPanelController::focusRequested, this,
+            &ClipboardHistoryPanel::applyFocus);
 
     keepSizeIn(m_controller.makePanelSizeStore());
     FloatingPanel::setLook(m_controller.appearance(), m_controller.surface());
@@ -144,8 +150,10 @@ void ClipboardHistoryPanel::buildToolbar(QHBoxLayout* toolbar)
     toolbar->addWidget(m_deleteTab);
     toolbar->addStretch();
     toolbar->addWidget(m_addNote);
-    connect(m_tabNameField, &QLineEdit::textEdited, &m_controller, &ClipboardPanelController::setTabTitleDraft);
-    connect(m_tabNameField, &QLineEdit::returnPressed, &m_controller, &ClipboardPanelController::finishRenameTab);
+    connect(m_tabNameField, &QLineEdit::textEdited, &m_controller,
+            &ClipboardPanelController::setTabTitleDraft);
+    connect(m_tabNameField, &QLineEdit::returnPressed, &m_controller,
+            &ClipboardPanelController::finishRenameTab);
     connect(m_saveName, &QToolButton::clicked, &m_controller, &ClipboardPanelController::finishRenameTab);
     connect(m_rename, &QToolButton::clicked, &m_controller, &ClipboardPanelController::startRenameTab);
     connect(m_deleteTab, &QToolButton::clicked, &m_controller, &ClipboardPanelController::deleteCurrentTab);
@@ -155,8 +163,9 @@ void ClipboardHistoryPanel::buildToolbar(QHBoxLayout* toolbar)
 void ClipboardHistoryPanel::buildSearch(QHBoxLayout* search)
 {
     auto* glass = new QLabel(this);
-    glass->setPixmap(ClipboardSymbols::icon(QStringLiteral("magnifyingglass"), palette().color(QPalette::WindowText))
-                         .pixmap(16, 16));
+    glass->setPixmap(
+        ClipboardSymbols::icon(QStringLiteral("magnifyingglass"), palette().color(QPalette::WindowText))
+            .pixmap(16, 16));
     m_search = new QLineEdit(this);
     m_search->installEventFilter(this);
     m_clearSearch = ClipboardSymbols::button(QStringLiteral("xmark.circle.fill"), this);
@@ -249,7 +258,8 @@ void ClipboardHistoryPanel::refresh()
     if (c.isDeleteFoundArmed()) {
         m_deleteFound->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         m_deleteFound->setText(c.text("Delete", "Удалить") + u' ' + QString::number(c.entries().rowCount()));
-        m_deleteFound->setToolTip(c.text("Tap again to delete all found", "Нажми ещё раз — удалить всё найденное"));
+        m_deleteFound->setToolTip(
+            c.text("Tap again to delete all found", "Нажми ещё раз — удалить всё найденное"));
     } else {
         m_deleteFound->setToolButtonStyle(Qt::ToolButtonIconOnly);
         m_deleteFound->setToolTip(c.text("Delete all found", "Удалить всё найденное"));
@@ -294,7 +304,7 @@ void ClipboardHistoryPanel::refresh()
         m_editor->setDraft(c.noteDraft(), c.canSaveNoteDraft(), c.contentFontSize());
         m_content->setCurrentIndex(editorPage);
     } else if (c.entries().rowCount() == 0) {
-        m_empty->setText(searching      ? c.text("Nothing found.", "Ничего не найдено.")
+        m_empty->setText(searching ? c.text("Nothing found.", "Ничего не найдено.")
                          : clipboardTab ? c.text("Clipboard history is empty.", "История буфера пуста.")
                                         : c.text("No notes yet.", "Заметок пока нет."));
         m_content->setCurrentIndex(emptyPage);
@@ -330,12 +340,11 @@ void ClipboardHistoryPanel::refreshTabs()
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         button->setCheckable(true);
         button->setChecked(id == m_controller.selectedTabId());
-        connect(button, &QToolButton::clicked, this, [this, id] {
-            m_controller.selectTab(id);
-        });
+        connect(button, &QToolButton::clicked, this, [this, id] { m_controller.selectTab(id); });
         m_tabs->addWidget(button);
     };
-    addTab(ClipboardPanelController::clipboardTabId(), c.text("Clipboard", "Буфер"), QStringLiteral("clipboard"));
+    addTab(ClipboardPanelController::clipboardTabId(), c.text("Clipboard", "Буфер"),
+           QStringLiteral("clipboard"));
     for (const ClipboardNoteTab& tab : tabs) {
         addTab(tab.id, tab.title, QStringLiteral("note.text"));
     }
@@ -362,7 +371,7 @@ void ClipboardHistoryPanel::refreshSelection()
     }
     const int row = entry ? c.entries().rowOf(entry->id) : -1;
     if (row >= 0 && !m_list->underMouse()) {
-        m_list->scrollTo(c.entries().index(row));
+        m_list->scrollTo(m_controller.entries().index(row));
     }
 }
 
@@ -465,7 +474,8 @@ void ClipboardHistoryPanel::showRowMenu(const QString& id, QPoint globalPos)
     menu.addAction(m_controller.text("Paste", "Вставить"), this, [this, id] { m_controller.pasteEntry(id); });
     menu.addAction(m_controller.text("To note", "В заметку"), this,
                    [this, id] { m_controller.saveClipboardItemAsNote(id); });
-    menu.addAction(m_controller.text("Delete", "Удалить"), this, [this, id] { m_controller.deleteEntry(id); });
+    menu.addAction(m_controller.text("Delete", "Удалить"), this,
+                   [this, id] { m_controller.deleteEntry(id); });
     menu.exec(globalPos);
 }
 

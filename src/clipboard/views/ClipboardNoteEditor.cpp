@@ -26,7 +26,8 @@ ClipboardNoteEditor::ClipboardNoteEditor(QWidget* parent)
     buttons->addWidget(m_cancel);
     buttons->addWidget(m_save);
     layout->addLayout(buttons);
-    m_save->setIcon(ClipboardSymbols::icon(QStringLiteral("checkmark"), palette().color(QPalette::ButtonText)));
+    m_save->setIcon(
+        ClipboardSymbols::icon(QStringLiteral("checkmark"), palette().color(QPalette::ButtonText)));
     m_cancel->setFocusPolicy(Qt::NoFocus);
     m_save->setFocusPolicy(Qt::NoFocus);
     m_text->installEventFilter(this);

@@ -22,7 +22,8 @@ bool sameActions(const QList<ClipboardSidePreview::Action>& a, const QList<Clipb
 
 ClipboardSidePreview::ClipboardSidePreview(QWidget* parent)
     : QWidget(parent), m_title(new QLabel(this)), m_count(new QLabel(this)), m_empty(new QLabel(this)),
-      m_text(new QPlainTextEdit(this)), m_actionsRow(new QWidget(this)), m_actions(new QHBoxLayout(m_actionsRow))
+      m_text(new QPlainTextEdit(this)), m_actionsRow(new QWidget(this)),
+      m_actions(new QHBoxLayout(m_actionsRow))
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 0, 0, 0);
@@ -45,7 +46,8 @@ ClipboardSidePreview::ClipboardSidePreview(QWidget* parent)
     layout->addWidget(m_actionsRow);
 }
 
-void ClipboardSidePreview::setFrame(const QString& title, const QList<Action>& actions, const QString& emptyText)
+void ClipboardSidePreview::setFrame(const QString& title, const QList<Action>& actions,
+                                    const QString& emptyText)
 {
     m_title->setText(title);
     m_empty->setText(emptyText);
@@ -86,7 +88,8 @@ void ClipboardSidePreview::showEntry(const std::optional<ClipboardListEntry>& en
     m_count->setVisible(entry.has_value());
     m_empty->setVisible(!entry.has_value());
     m_count->setText(countText);
-    const bool same = entry && m_entry && entry->id == m_entry->id && entry->text.size() == m_entry->text.size() &&
+    const bool same = entry && m_entry && entry->id == m_entry->id &&
+                      entry->text.size() == m_entry->text.size() &&
                       entry->text.constData() == m_entry->text.constData();
     if (!same) {
         m_text->setPlainText(entry ? entry->text : QString());

@@ -51,8 +51,8 @@ bool paintLineSymbol(QPainter& painter, const QRectF& box, const QString& name, 
             painter.drawLine(at(0.32, y), at(0.68, y));
         }
     } else if (name == u"pencil") {
-        painter.drawPolygon(QPolygonF({at(0.66, 0.14), at(0.86, 0.34), at(0.38, 0.82), at(0.16, 0.84),
-                                       at(0.18, 0.62)}));
+        painter.drawPolygon(
+            QPolygonF({at(0.66, 0.14), at(0.86, 0.34), at(0.38, 0.82), at(0.16, 0.84), at(0.18, 0.62)}));
     } else if (name == u"arrow.turn.down.left") {
         painter.drawPolyline(QPolygonF({at(0.8, 0.18), at(0.8, 0.62), at(0.22, 0.62)}));
         painter.drawPolyline(QPolygonF({at(0.4, 0.44), at(0.22, 0.62), at(0.4, 0.8)}));
