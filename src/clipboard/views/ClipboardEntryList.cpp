@@ -3,7 +3,6 @@
 #include "clipboard/ClipboardEntryListModel.h"
 #include "clipboard/views/ClipboardEntryDelegate.h"
 
-#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -76,14 +75,6 @@ void ClipboardEntryList::mouseMoveEvent(QMouseEvent* event)
     }
     m_hoveredId = id;
     QListView::mouseMoveEvent(event);
-}
-
-void ClipboardEntryList::contextMenuEvent(QContextMenuEvent* event)
-{
-    const QString id = idAt(event->pos());
-    if (!id.isEmpty()) {
-        emit menuRequested(id, event->globalPos());
-    }
 }
 
 void ClipboardEntryList::resizeEvent(QResizeEvent* event)

@@ -19,14 +19,12 @@ signals:
     void entrySelected(const QString& id);
     void entryActivated(const QString& id);
     void buttonClicked(const QString& id, int button);
-    void menuRequested(const QString& id, QPoint globalPos);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     bool viewportEvent(QEvent* event) override;
 

@@ -12,7 +12,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QToolButton>
@@ -42,6 +41,8 @@ ClipboardHistoryPanel::ClipboardHistoryPanel(ClipboardPanelController& controlle
     strip->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     strip->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     strip->setFixedHeight(40);
+    // A click on a tab would otherwise give the strip the keyboard, and typing would no longer search.
+    strip->setFocusPolicy(Qt::NoFocus);
     strip->setStyleSheet(
         QStringLiteral("QScrollArea, QScrollArea > QWidget > QWidget { background: transparent; }"));
     m_tabStrip = new QWidget(strip);
@@ -84,7 +85,6 @@ ClipboardHistoryPanel::ClipboardHistoryPanel(ClipboardPanelController& controlle
     connect(m_list, &ClipboardEntryList::entryActivated, &m_controller,
             &ClipboardPanelController::pasteEntry);
     connect(m_list, &ClipboardEntryList::buttonClicked, this, &ClipboardHistoryPanel::rowButton);
-    connect(m_list, &ClipboardEntryList::menuRequested, this, &ClipboardHistoryPanel::showRowMenu);
     connect(m_preview, &ClipboardSidePreview::actionTriggered, this, &ClipboardHistoryPanel::previewAction);
     connect(m_editor, &ClipboardNoteEditor::draftEdited, &m_controller,
             &ClipboardPanelController::setNoteDraft);
@@ -311,6 +311,10 @@ void ClipboardHistoryPanel::refresh()
     } else {
         m_content->setCurrentIndex(listPage);
     }
+    // A closed editor or name field leaves the keyboard to the search.
+    if (isActiveWindow() && (focusWidget() == nullptr || !focusWidget()->isVisible())) {
+        m_search->setFocus(Qt::OtherFocusReason);
+    }
     refreshSelection();
 }
 
@@ -462,21 +466,6 @@ void ClipboardHistoryPanel::previewAction(int action)
     } else {
         rowButton(note->id, action);
     }
-}
-
-void ClipboardHistoryPanel::showRowMenu(const QString& id, QPoint globalPos)
-{
-    if (!m_controller.isClipboardTabSelected()) {
-        return;
-    }
-    // Without room for the preview, its "To note" is still one right click away.
-    QMenu menu(this);
-    menu.addAction(m_controller.text("Paste", "Вставить"), this, [this, id] { m_controller.pasteEntry(id); });
-    menu.addAction(m_controller.text("To note", "В заметку"), this,
-                   [this, id] { m_controller.saveClipboardItemAsNote(id); });
-    menu.addAction(m_controller.text("Delete", "Удалить"), this,
-                   [this, id] { m_controller.deleteEntry(id); });
-    menu.exec(globalPos);
 }
 
 bool ClipboardHistoryPanel::eventFilter(QObject* watched, QEvent* event)

@@ -43,7 +43,6 @@ private:
     void applyFocus(ClipboardPanelController::FocusTarget target);
     void rowButton(const QString& id, int button);
     void previewAction(int action);
-    void showRowMenu(const QString& id, QPoint globalPos);
     QString charsText(int chars) const;
 
     ClipboardPanelController& m_controller;
