@@ -26,7 +26,8 @@ protected:
     {
         ASSERT_TRUE(keyboard.isConnected()) << "needs an X server";
         ASSERT_TRUE(waitForWindowManager()) << "needs an EWMH window manager";
-        ASSERT_TRUE(runTool(QStringLiteral("setxkbmap"), {QStringLiteral("-layout"), QStringLiteral("us,ru")}));
+        ASSERT_TRUE(
+            runTool(QStringLiteral("setxkbmap"), {QStringLiteral("-layout"), QStringLiteral("us,ru")}));
         app.setSetting(QStringLiteral("mivora.clipboardPanel.width"), 700.0);
         app.setSetting(QStringLiteral("mivora.clipboardPanel.height"), 600.0);
         ASSERT_TRUE(app.start());
@@ -55,9 +56,9 @@ protected:
             return std::nullopt;
         }
         const std::optional<QByteArray> geometry = runTool(
-            QStringLiteral("xdotool"), {QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
-                                        QStringLiteral("^Clipboard$"), QStringLiteral("getwindowgeometry"),
-                                        QStringLiteral("--shell")});
+            QStringLiteral("xdotool"),
+            {QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
+             QStringLiteral("^Clipboard$"), QStringLiteral("getwindowgeometry"), QStringLiteral("--shell")});
         if (!geometry) {
             return std::nullopt;
         }
@@ -130,7 +131,8 @@ TEST_F(ClipboardPanelEndToEndTest, SearchedItemPastesOnDoubleClickAndBecomesANot
     EXPECT_TRUE(saved.contains("\"text\":\"beta two\"")) << saved.toStdString();
     EXPECT_TRUE(windowShown(QStringLiteral("Clipboard"))) << "the panel moved to the note and stays";
 
-    ASSERT_EQ(app.terminate(), 0) << app.standardError().toStdString();
+    ASSERT_EQ(app.terminate(), 0) << "still running: " << app.isRunning() << " "
+                                  << app.standardError().toStdString();
     ASSERT_TRUE(app.start());
     ASSERT_TRUE(app.waitForHotkeys());
     // The paste replaces what is selected.

@@ -8,6 +8,7 @@
 #include "clipboard/views/ClipboardWindowDragHandle.h"
 #include "platform/FloatingWindowTraits.h"
 
+#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -466,6 +467,14 @@ void ClipboardHistoryPanel::previewAction(int action)
     } else {
         rowButton(note->id, action);
     }
+}
+
+void ClipboardHistoryPanel::closeEvent(QCloseEvent* event)
+{
+    m_controller.hide();
+    // Accepted, unlike the frame's default: the panel is only hidden either way, and a refusal would stop
+    // the program from quitting while the panel is up.
+    event->accept();
 }
 
 bool ClipboardHistoryPanel::eventFilter(QObject* watched, QEvent* event)
