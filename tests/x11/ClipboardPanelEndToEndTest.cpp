@@ -131,6 +131,9 @@ TEST_F(ClipboardPanelEndToEndTest, SearchedItemPastesOnDoubleClickAndBecomesANot
     EXPECT_TRUE(saved.contains("\"text\":\"beta two\"")) << saved.toStdString();
     EXPECT_TRUE(windowShown(QStringLiteral("Clipboard"))) << "the panel moved to the note and stays";
 
+    // The user closes the panel and the program restarts.
+    keyboard.type({QStringLiteral("Escape")});
+    EXPECT_TRUE(spinUntil([] { return !windowShown(QStringLiteral("Clipboard")); }));
     ASSERT_EQ(app.terminate(), 0) << "still running: " << app.isRunning() << " "
                                   << app.standardError().toStdString();
     ASSERT_TRUE(app.start());
