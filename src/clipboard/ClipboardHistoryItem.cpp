@@ -9,9 +9,7 @@
 #include <climits>
 #include <cmath>
 
-namespace {
-
-int graphemeCount(const QString& text)
+int ClipboardHistoryItem::characterCount(const QString& text)
 {
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
     int count = 0;
@@ -21,15 +19,13 @@ int graphemeCount(const QString& text)
     return count;
 }
 
-} // namespace
-
 ClipboardHistoryItem ClipboardHistoryItem::make(QString text, const QDateTime& now)
 {
     const double unixSeconds = double(now.toMSecsSinceEpoch()) / 1000.0;
     ClipboardHistoryItem item;
     item.id = QString::number(unixSeconds, 'g', QLocale::FloatingPointShortest) + u'-' +
               QString::number(qHash(text));
-    item.chars = graphemeCount(text);
+    item.chars = characterCount(text);
     item.text = std::move(text);
     item.createdAt = now;
     return item;

@@ -18,6 +18,8 @@ struct ClipboardHistoryItem {
 
     bool operator==(const ClipboardHistoryItem&) const = default;
 
+    // User-perceived characters (extended grapheme clusters).
+    static int characterCount(const QString& text);
     // A new item for text captured at the given time.
     static ClipboardHistoryItem make(QString text, const QDateTime& now);
 

@@ -157,7 +157,12 @@ void ClipboardHistoryService::finishTransientPasteboardUse()
 
 void ClipboardHistoryService::removeItem(const QString& id)
 {
-    m_items.removeIf([&id](const ClipboardHistoryItem& item) { return item.id == id; });
+    removeItems({id});
+}
+
+void ClipboardHistoryService::removeItems(const QSet<QString>& ids)
+{
+    m_items.removeIf([&ids](const ClipboardHistoryItem& item) { return ids.contains(item.id); });
     save();
 }
 

@@ -7,6 +7,7 @@
 #include "core/MivoraSettings.h"
 
 #include <QObject>
+#include <QSet>
 #include <qcoro/qcorotask.h>
 
 class DefaultsStore;
@@ -60,6 +61,8 @@ public:
     const QList<ClipboardHistoryItem>& items() const { return m_items; }
     // Removes every item with this id and saves.
     void removeItem(const QString& id);
+    // Removes every item with one of these ids and saves once.
+    void removeItems(const QSet<QString>& ids);
     // Puts the text of the item with this id back on the clipboard; false when there is no such item.
     bool putBack(const QString& id);
     void clearHistory() override;

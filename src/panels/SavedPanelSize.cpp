@@ -38,6 +38,11 @@ QSize SavedPanelSize::load() const
 void SavedPanelSize::save(QSize size)
 {
     const QSize kept = clamped(size);
+    // Panels save at every hide; an unchanged size writes nothing, since a write may cost a whole file.
+    if (storedDimension(m_defaults, m_widthKey) == double(kept.width()) &&
+        storedDimension(m_defaults, m_heightKey) == double(kept.height())) {
+        return;
+    }
     m_defaults.setValue(m_widthKey, double(kept.width()));
     m_defaults.setValue(m_heightKey, double(kept.height()));
 }

@@ -1,6 +1,8 @@
 #include "shell/MivoraNativeApp.h"
 
 #include "clipboard/ClipboardHistoryService.h"
+#include "clipboard/ClipboardNotesService.h"
+#include "clipboard/ClipboardPanelController.h"
 #include "core/EventLoopClock.h"
 #include "core/MivoraAppState.h"
 #include "core/NativeSettingsStore.h"
@@ -58,8 +60,10 @@
 #include "updates/UpdateAlertPresenter.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QLoggingCategory>
 #include <QNetworkAccessManager>
+#include <QStandardPaths>
 #include <QTextStream>
 
 namespace {
@@ -148,6 +152,27 @@ void MivoraNativeApp::makeFace(const Views& views)
     if (views.makeStatusHUD) {
         m_statusHUD = std::make_unique<StatusHUDController>(views.makeStatusHUD);
     }
+    if (views.makeLocalInputMonitor) {
+        m_localInput = views.makeLocalInputMonitor();
+    }
+    if (views.makeClipboardPanel) {
+        // The per-user data directory; the temporary one when the system names none.
+        QString dataRoot = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+        if (dataRoot.isEmpty()) {
+            dataRoot = QDir::tempPath();
+        }
+        m_clipboardNotes = std::make_unique<ClipboardNotesService>(
+            *m_clock, *m_defaults, QDir(dataRoot).filePath(ClipboardNotesService::folderName()));
+        m_clipboardPanel = std::make_unique<ClipboardPanelController>(
+            ClipboardPanelController::Services{*m_clock, *m_defaults, *m_clipboardHistory, *m_clipboardNotes,
+                                               *m_platform.pasteboard, *m_exchange, *m_focus,
+                                               *m_platform.workspace, m_localInput.get(),
+                                               m_platform.globalInput.get()},
+            [this, make = views.makeClipboardPanel](ClipboardPanelController& controller) {
+                return make(controller, m_platform.floatingWindows.get());
+            });
+        m_panels->setClipboardPanel(m_clipboardPanel.get());
+    }
     if (views.makeMainWindow) {
         SettingsPageServices pages;
         pages.hotkeys = m_hotkeys.get();
@@ -190,10 +215,9 @@ void MivoraNativeApp::makeFace(const Views& views)
 
 void MivoraNativeApp::makeQuickPanels(const Views& views)
 {
-    if (!views.makeLocalInputMonitor || !views.makeQuickPanel || !views.makeFloatingButton) {
+    if (!m_localInput || !views.makeQuickPanel || !views.makeFloatingButton) {
         return;
     }
-    m_localInput = views.makeLocalInputMonitor();
     FloatingWindowTraits* traits = m_platform.floatingWindows.get();
     m_quickPanel = std::make_unique<QuickPanelController>(
         QuickPanelController::Services{*m_platform.workspace, *m_focus, *m_quietReader, *m_panels,
@@ -284,6 +308,9 @@ void MivoraNativeApp::start()
         m_menuBar->attach(*m_appState);
     }
     m_clipboardHistory->attach(*m_appState);
+    if (m_clipboardPanel) {
+        m_clipboardPanel->attach(*m_appState);
+    }
     m_updateManager->startAutomaticChecks([this] { return m_appState->settings(); });
     m_permissions->refreshPermissions();
     // A permission reset restarts the program; this key carries the request across that restart, once.

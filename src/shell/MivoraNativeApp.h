@@ -15,6 +15,11 @@ class AppUpdateManager;
 class AssistantPanelController;
 class ChromeAppWindowService;
 class ClipboardHistoryService;
+class ClipboardNotesService;
+class ClipboardPanelController;
+class ClipboardPanelSurface;
+class FloatingWindowTraits;
+class InputEventMonitor;
 class DefaultsStore;
 class EventLoopClock;
 class FloatingButtonController;
@@ -80,6 +85,9 @@ public:
         std::function<std::unique_ptr<FloatingButtonSurface>(FloatingButtonController&,
                                                              FloatingWindowTraits*)>
             makeFloatingButton;
+        std::function<std::unique_ptr<ClipboardPanelSurface>(ClipboardPanelController&,
+                                                             FloatingWindowTraits*)>
+            makeClipboardPanel;
     };
 
     explicit MivoraNativeApp(const Views& views = {}, QObject* parent = nullptr);
@@ -142,4 +150,6 @@ private:
     std::unique_ptr<QuickPanelController> m_quickPanel;
     std::unique_ptr<FloatingButtonController> m_floatingButton;
     std::unique_ptr<SelectionTriggerService> m_selectionTrigger;
+    std::unique_ptr<ClipboardNotesService> m_clipboardNotes;
+    std::unique_ptr<ClipboardPanelController> m_clipboardPanel;
 };

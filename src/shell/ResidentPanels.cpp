@@ -1,5 +1,6 @@
 #include "shell/ResidentPanels.h"
 
+#include "clipboard/ClipboardPanelController.h"
 #include "panels/AssistantPanelController.h"
 #include "panels/TranslationPreviewPanelController.h"
 
@@ -10,7 +11,12 @@ void ResidentPanels::toggleQuickPanel()
     }
 }
 
-void ResidentPanels::toggleClipboardPanel() {}
+void ResidentPanels::toggleClipboardPanel()
+{
+    if (m_clipboardPanel != nullptr) {
+        m_clipboardPanel->toggle();
+    }
+}
 
 void ResidentPanels::showAssistant(const QString& context)
 {

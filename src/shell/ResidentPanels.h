@@ -5,6 +5,7 @@
 #include <functional>
 
 class AssistantPanelController;
+class ClipboardPanelController;
 class TranslationPreviewPanelController;
 
 // Routes the hotkeys, the tray menu and the main window to the floating panels. Each panel's controller
@@ -13,6 +14,7 @@ class ResidentPanels : public HotkeyPanelTargets {
 public:
     // The quick panel's show-or-hide, once its controller exists.
     void setQuickPanel(std::function<void()> toggle) { m_toggleQuickPanel = std::move(toggle); }
+    void setClipboardPanel(ClipboardPanelController* panel) { m_clipboardPanel = panel; }
 
     void toggleQuickPanel() override;
     void toggleClipboardPanel() override;
@@ -26,6 +28,7 @@ public:
 
 private:
     std::function<void()> m_toggleQuickPanel;
+    ClipboardPanelController* m_clipboardPanel = nullptr;
     AssistantPanelController* m_assistant = nullptr;
     TranslationPreviewPanelController* m_translationPreview = nullptr;
 };

@@ -1,3 +1,4 @@
+#include "clipboard/views/ClipboardHistoryPanel.h"
 #include "core/MivoraAppState.h"
 #include "panels/AssistantPanelController.h"
 #include "panels/TranslationPreviewPanelController.h"
@@ -82,6 +83,9 @@ MivoraNativeApp::Views residentViews()
     };
     views.makeFloatingButton = [](FloatingButtonController& controller, FloatingWindowTraits* traits) {
         return std::make_unique<FloatingButtonPanel>(controller, traits);
+    };
+    views.makeClipboardPanel = [](ClipboardPanelController& controller, FloatingWindowTraits* traits) {
+        return std::make_unique<ClipboardHistoryPanel>(controller, traits);
     };
     return views;
 }

@@ -54,6 +54,8 @@ bool ResidentAppProcess::start()
     if (!m_home.isValid()) {
         return false;
     }
+    // A restart waits for its own announcement, not the last run's.
+    m_standardOutput.clear();
     m_process.setProcessEnvironment(environment());
     m_process.setProcessChannelMode(QProcess::SeparateChannels);
     m_process.start(m_program, {});
