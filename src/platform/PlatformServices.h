@@ -5,6 +5,7 @@
 class AccessibilityTree;
 class ApplicationCatalog;
 class Clock;
+class DisplayControl;
 class FloatingWindowTraits;
 class ApplicationWorkspace;
 class GlobalHotkeyRegistrar;
@@ -17,6 +18,7 @@ class PermissionProbe;
 class PrimarySelection;
 class ProcessRunner;
 class SyntheticKeyboard;
+class SystemBell;
 class SystemSurfaceSignals;
 class Updater;
 class UrlOpener;
@@ -58,6 +60,9 @@ public:
     // Mouse presses going to other applications; its monitors are null where the platform cannot watch them.
     std::unique_ptr<InputEventMonitor> globalInput;
     std::unique_ptr<FloatingWindowTraits> floatingWindows;
+    // The displays, and switching the built-in one; it says itself whether the platform can switch.
+    std::unique_ptr<DisplayControl> displays;
+    std::unique_ptr<SystemBell> bell;
 
     // Connects to the display server when there is one; without one, each service degrades to "nothing
     // available" rather than failing. Waits for other programs' answers run on clock, which must outlive
