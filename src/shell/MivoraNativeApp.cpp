@@ -18,6 +18,7 @@
 #include "panels/StatusHUDSurface.h"
 #include "platform/AccessibilityTree.h"
 #include "platform/ApplicationWorkspace.h"
+#include "platform/DisplayControl.h"
 #include "platform/GlobalHotkeyRegistrar.h"
 #include "platform/InputSourceProvider.h"
 #include "platform/LanguageRecognizer.h"
@@ -27,6 +28,7 @@
 #include "platform/PrimarySelection.h"
 #include "platform/ProcessRunner.h"
 #include "platform/SyntheticKeyboard.h"
+#include "platform/SystemBell.h"
 #include "platform/SystemSurfaceSignals.h"
 #include "platform/Updater.h"
 #include "platform/UrlOpener.h"
@@ -35,6 +37,8 @@
 #include "shell/PendingWindowTargets.h"
 #include "shell/ResidentPanels.h"
 #include "shell/TraySurface.h"
+#include "system/AppLayoutSwitchService.h"
+#include "system/BuiltInDisplayService.h"
 #include "text/KeyboardLayoutService.h"
 #include "text/MivoraCore.h"
 #include "text/NativeActionService.h"
@@ -76,11 +80,16 @@ MivoraNativeApp::MivoraNativeApp(const Views& views, QObject* parent)
         MivoraAppState::Services{*m_clock, *m_settingsStore, *m_keyboardLayout, m_core->actions(),
                                  *m_exchange, m_platform.surfaceSignals.get()});
     m_appState->setClipboardHistory(m_clipboardHistory.get());
+    m_builtInDisplay = std::make_unique<BuiltInDisplayService>(*m_platform.displays, *m_defaults, *m_clock,
+                                                               *m_platform.bell);
+    m_appLayoutSwitch = std::make_unique<AppLayoutSwitchService>(AppLayoutSwitchService::Services{
+        *m_platform.workspace, *m_platform.inputSources, *m_keyboardLayout, *m_clock});
     m_permissionService = std::make_unique<PermissionService>(*m_platform.processRunner);
     m_permissions = std::make_unique<PermissionController>(*m_appState, *m_clock, *m_platform.permissions,
                                                            *m_permissionService, *m_platform.urlOpener);
     m_panels = std::make_unique<ResidentPanels>();
     m_windows = std::make_unique<PendingWindowTargets>();
+    m_windows->onToggleBuiltInDisplay = [this] { m_builtInDisplay->toggle(); };
     m_hotkeys = std::make_unique<HotkeyService>(
         HotkeyService::Services{*m_platform.hotkeyRegistrar, *m_platform.workspace, *m_focus, *m_quietReader,
                                 *m_exchange, *m_panels, *m_windows});
@@ -105,6 +114,7 @@ void MivoraNativeApp::makeFace(const Views& views)
         pages.workspace = m_platform.workspace.get();
         pages.inputSources = m_platform.inputSources.get();
         pages.applications = m_platform.applications.get();
+        pages.offersBuiltInDisplay = [this] { return m_builtInDisplay->offersBuiltInDisplay(); };
         m_mainWindow = views.makeMainWindow(
             *m_appState, pages,
             MainWindowHooks{[this] { return m_delegate->windowShouldClose(); },
@@ -130,7 +140,19 @@ void MivoraNativeApp::makeFace(const Views& views)
         actions.showTranslationPreview = [this] { m_panels->showTranslationPreview(); };
         actions.refreshPermissions = [this] { m_permissions->refreshPermissions(); };
         actions.quit = [this] { quit(); };
+        actions.toggleBuiltInDisplay = [this] { m_builtInDisplay->toggle(); };
+        actions.builtInDisplay = [this]() -> std::optional<BuiltInDisplayMenuState> {
+            BuiltInDisplayService& display = *m_builtInDisplay;
+            if (!display.canSwitchDisplays()) {
+                return std::nullopt;
+            }
+            return BuiltInDisplayMenuState{display.disabledDisplayID().has_value(),
+                                           display.activeBuiltInDisplay().has_value(),
+                                           display.canDisableNow(), display.panelName()};
+        };
         m_menuBar = std::make_unique<MenuBarController>(views.makeTray, std::move(actions));
+        connect(m_builtInDisplay.get(), &BuiltInDisplayService::changed, m_menuBar.get(),
+                &MenuBarController::displayStateChanged);
     }
 }
 
@@ -143,6 +165,8 @@ void MivoraNativeApp::showMainWindow()
 
 void MivoraNativeApp::quit()
 {
+    // A display this program switched off comes back before anything else goes.
+    m_builtInDisplay->enableBuiltIn();
     if (m_delegate) {
         m_delegate->applicationShouldTerminate();
         m_delegate->stop();
@@ -160,6 +184,8 @@ bool MivoraNativeApp::eventFilter(QObject* watched, QEvent* event)
 
 MivoraNativeApp::~MivoraNativeApp()
 {
+    // Every other way out (the session's end, say) passes here; after quit this does nothing.
+    m_builtInDisplay->enableBuiltIn();
     // Release the global chords before the registrar's connection goes.
     m_hotkeys->stop();
     m_updateManager->setAlertPresenter(nullptr);
@@ -182,6 +208,8 @@ QCoro::Task<int> MivoraNativeApp::runCommand(QString action, QString text)
 
 void MivoraNativeApp::start()
 {
+    // First of all, a panel the previous run left switched off comes back.
+    m_builtInDisplay->restoreAfterPreviousLaunch();
     // The user reads failures on the overlay. For whoever diagnoses a session, they are also logged, off
     // unless asked for (QT_LOGGING_RULES="mivora.status.info=true").
     connect(m_appState.get(), &MivoraAppState::statusChanged, this, [this] {
@@ -204,6 +232,7 @@ void MivoraNativeApp::start()
     }
     m_clipboardHistory->attach(*m_appState);
     m_updateManager->startAutomaticChecks([this] { return m_appState->settings(); });
+    m_appLayoutSwitch->start(*m_appState);
     m_permissions->refreshPermissions();
     // A permission reset restarts the program; this key carries the request across that restart, once.
     if (m_defaults->value(requestPermissionsOnLaunchKey).toBool()) {

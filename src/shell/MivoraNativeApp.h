@@ -11,7 +11,9 @@
 #include <qcoro/qcorotask.h>
 
 class AccessibilityTextReader;
+class AppLayoutSwitchService;
 class AppUpdateManager;
+class BuiltInDisplayService;
 class ClipboardHistoryService;
 class DefaultsStore;
 class EventLoopClock;
@@ -89,6 +91,8 @@ private:
     std::unique_ptr<PasteboardService> m_pasteboardService;
     std::unique_ptr<PasteboardTextExchange> m_exchange;
     std::unique_ptr<MivoraAppState> m_appState;
+    std::unique_ptr<BuiltInDisplayService> m_builtInDisplay;
+    std::unique_ptr<AppLayoutSwitchService> m_appLayoutSwitch;
     std::unique_ptr<PermissionService> m_permissionService;
     std::unique_ptr<PermissionController> m_permissions;
     std::unique_ptr<ResidentPanels> m_panels;

@@ -2,11 +2,20 @@
 
 #include "hotkeys/HotkeyWindowTargets.h"
 
-// Stands in for window tiling and display control until they exist: the chords stay claimed, presses do
-// nothing.
+#include <functional>
+
+// Stands in for window tiling until it exists: the chords stay claimed, presses do nothing. The display's
+// chord goes to the hook the shell sets.
 class PendingWindowTargets : public HotkeyWindowTargets {
 public:
-    void toggleBuiltInDisplay() override {}
+    std::function<void()> onToggleBuiltInDisplay;
+
+    void toggleBuiltInDisplay() override
+    {
+        if (onToggleBuiltInDisplay) {
+            onToggleBuiltInDisplay();
+        }
+    }
     void swapFocusedWindow(WindowSwapDirection) override {}
     void tileAllWindows() override {}
     void tileFocusedWindow(WindowTileSlot) override {}
