@@ -1,6 +1,7 @@
 #include "system/AppLayoutSwitchService.h"
 
 #include "AppStateHarness.h"
+#include "CapturedLog.h"
 #include "FakeApplicationWorkspace.h"
 
 #include <QStringList>
@@ -11,12 +12,6 @@ using namespace std::chrono_literals;
 
 constexpr qint32 editor = 10;
 constexpr qint32 browser = 20;
-
-QStringList* capturedLog = nullptr;
-void captureMessage(QtMsgType, const QMessageLogContext&, const QString& message)
-{
-    capturedLog->append(message);
-}
 
 AppLayoutRule rule(const QString& bundle, const QString& layout, bool enabled = true)
 {
@@ -33,10 +28,7 @@ protected:
         sources.setCurrent(english);
         workspace.addApplication(editor, QStringLiteral("Editor"));
         workspace.addApplication(browser, QStringLiteral("Browser"));
-        capturedLog = &log;
-        previousHandler = qInstallMessageHandler(captureMessage);
     }
-    void TearDown() override { qInstallMessageHandler(previousHandler); }
 
     void useRules(const QList<AppLayoutRule>& rules, bool enabled = true)
     {
@@ -51,8 +43,8 @@ protected:
     int german = 0;
     FakeApplicationWorkspace workspace;
     AppLayoutSwitchService service{{workspace, sources, layout, clock}};
-    QStringList log;
-    QtMessageHandler previousHandler = nullptr;
+    CapturedLog captured;
+    QStringList& log = captured.lines;
 };
 
 TEST_F(AppLayoutSwitchServiceTest, TheFirstEnabledRuleOfTheApplicationInFrontDecides)

@@ -1,5 +1,6 @@
 #include "system/BuiltInDisplayService.h"
 
+#include "CapturedLog.h"
 #include "FakeDisplayControl.h"
 #include "FakeSystemBell.h"
 #include "MemoryDefaultsStore.h"
@@ -15,21 +16,9 @@ constexpr DisplayIdentifier panel = 1;
 constexpr DisplayIdentifier left = 2;
 constexpr DisplayIdentifier right = 3;
 
-QStringList* capturedLog = nullptr;
-void captureMessage(QtMsgType, const QMessageLogContext&, const QString& message)
-{
-    capturedLog->append(message);
-}
-
 class BuiltInDisplayServiceTest : public ::testing::Test {
 protected:
-    void SetUp() override
-    {
-        displays.screens = {{panel, {true}}, {left, {}}};
-        capturedLog = &log;
-        previousHandler = qInstallMessageHandler(captureMessage);
-    }
-    void TearDown() override { qInstallMessageHandler(previousHandler); }
+    void SetUp() override { displays.screens = {{panel, {true}}, {left, {}}}; }
 
     bool panelIsOn() const { return displays.screens[panel].active; }
     bool keyStored() const { return defaults.contains(BuiltInDisplayService::disabledDisplayKey); }
@@ -47,8 +36,8 @@ protected:
     FakeDisplayControl displays;
     FakeSystemBell bell;
     BuiltInDisplayService service{displays, defaults, clock, bell};
-    QStringList log;
-    QtMessageHandler previousHandler = nullptr;
+    CapturedLog captured;
+    QStringList& log = captured.lines;
 };
 
 TEST_F(BuiltInDisplayServiceTest, RefusesWithTheBellUnlessAnotherDisplayIsAwakeAndNothingMirrors)
