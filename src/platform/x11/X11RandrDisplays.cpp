@@ -11,15 +11,14 @@
 #include <array>
 #include <map>
 
-void X11RandrDisplays::OutputDeleter::operator()(_XRROutputInfo* output) const
-{
-    XRRFreeOutputInfo(output);
-}
-
 namespace {
 struct ResourcesDeleter {
     void operator()(XRRScreenResources* resources) const { XRRFreeScreenResources(resources); }
 };
+struct OutputDeleter {
+    void operator()(XRROutputInfo* output) const { XRRFreeOutputInfo(output); }
+};
+using OutputInfo = std::unique_ptr<XRROutputInfo, OutputDeleter>;
 struct CrtcDeleter {
     void operator()(XRRCrtcInfo* crtc) const { XRRFreeCrtcInfo(crtc); }
 };
@@ -165,25 +164,28 @@ QList<DisplayIdentifier> X11RandrDisplays::activeDisplays()
     return result;
 }
 
-X11RandrDisplays::OutputInfo X11RandrDisplays::outputInfo(DisplayIdentifier display)
+namespace {
+// One output's state, or null for an id that names none. Two round trips.
+OutputInfo readOutput(Display* display, Window root, DisplayIdentifier output)
 {
-    if (!m_hasRandr || display > maxRandrOutput) {
+    if (output > maxRandrOutput) {
         return nullptr;
     }
-    X11ErrorTrap trap(m_display);
+    X11ErrorTrap trap(display);
     const std::unique_ptr<XRRScreenResources, ResourcesDeleter> resources(
-        XRRGetScreenResourcesCurrent(m_display, m_root));
-    OutputInfo info(resources ? XRRGetOutputInfo(m_display, resources.get(), RROutput(display)) : nullptr);
+        XRRGetScreenResourcesCurrent(display, root));
+    OutputInfo info(resources ? XRRGetOutputInfo(display, resources.get(), RROutput(output)) : nullptr);
     // An id that names no output is answered with an error, and no information.
     if (trap.sync() != 0) {
         info.reset();
     }
     return info;
 }
+} // namespace
 
 bool X11RandrDisplays::isBuiltIn(DisplayIdentifier display)
 {
-    const OutputInfo info = outputInfo(display);
+    const OutputInfo info = m_hasRandr ? readOutput(m_display, m_root, display) : nullptr;
     if (!info) {
         return false;
     }
@@ -207,7 +209,7 @@ bool X11RandrDisplays::isBuiltIn(DisplayIdentifier display)
 
 bool X11RandrDisplays::isOnline(DisplayIdentifier display)
 {
-    const OutputInfo info = outputInfo(display);
+    const OutputInfo info = m_hasRandr ? readOutput(m_display, m_root, display) : nullptr;
     return info && info->connection == RR_Connected;
 }
 

@@ -4,9 +4,6 @@
 #include "platform/x11/X11EventPump.h"
 
 #include <QHash>
-#include <memory>
-
-struct _XRROutputInfo;
 
 // The outputs of the X server as displays, through XRandR 1.3 on the pump's connection. The built-in
 // panel is the output whose ConnectorType is "Panel", or, without that property, whose name starts with
@@ -49,13 +46,6 @@ private:
         int shiftY = 0;
     };
     struct Snapshot;
-    struct OutputDeleter {
-        void operator()(_XRROutputInfo* output) const;
-    };
-    using OutputInfo = std::unique_ptr<_XRROutputInfo, OutputDeleter>;
-
-    // One output's state, or null for an id that names none. Two round trips.
-    OutputInfo outputInfo(DisplayIdentifier display);
 
     std::optional<Snapshot> snapshot();
     std::optional<DisplaySwitchFailure> switchOff(Snapshot& now, DisplayIdentifier display);
