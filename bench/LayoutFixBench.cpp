@@ -21,6 +21,7 @@ public:
     std::optional<PlatformInputSource> currentSource() override { return std::nullopt; }
     std::int32_t selectSource(const InputSourceRef&) override { return -1; }
     std::optional<QString> translateKey(const InputSourceRef&, int, bool) override { return std::nullopt; }
+    ListenerSubscription subscribeToSourceChanges(std::function<void()>) override { return {}; }
 };
 
 // Words typed in the wrong layout, Cyrillic words, emoji with ZWJ and flags, decomposed letters.

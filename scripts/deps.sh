@@ -13,6 +13,7 @@ packages=(
     libatspi2.0-dev libexttextcat-dev libglib2.0-dev
     xvfb xauth openbox xclip xdotool wmctrl x11-xkb-utils trayer x11-utils
     dbus at-spi2-core gtk-3-examples
+    xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils
     "$@"
 )
 

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "platform/InputSourceRef.h"
+#include "platform/ListenerList.h"
 #include "platform/PlatformInputSource.h"
 
 #include <QList>
 #include <QString>
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 // The platform's keyboard input sources. Key codes are macOS virtual key codes on every platform.
@@ -22,4 +24,7 @@ public:
     // Output of one key press (virtual key code 0..127, with or without Shift, no dead-key state) on the
     // source's layout; absent if the key gives nothing or cannot be translated. Blocking, GUI thread.
     virtual std::optional<QString> translateKey(const InputSourceRef& source, int keyCode, bool shift) = 0;
+    // Calls handler on the GUI thread each time the active keyboard source changes, whoever changed it, for
+    // as long as the subscription lives; never where the platform cannot tell. Non-blocking.
+    [[nodiscard]] virtual ListenerSubscription subscribeToSourceChanges(std::function<void()> handler) = 0;
 };

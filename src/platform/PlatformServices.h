@@ -5,6 +5,7 @@
 class AccessibilityTree;
 class ApplicationCatalog;
 class Clock;
+class DisplayControl;
 class FloatingWindowTraits;
 class ApplicationWorkspace;
 class BrowserTabRemote;
@@ -19,6 +20,7 @@ class PermissionProbe;
 class PrimarySelection;
 class ProcessRunner;
 class SyntheticKeyboard;
+class SystemBell;
 class SystemSurfaceSignals;
 class Updater;
 class UrlOpener;
@@ -64,6 +66,9 @@ public:
     std::unique_ptr<DesktopWindows> desktopWindows;
     // Null until the platform has a way to drive the browser from outside.
     std::unique_ptr<BrowserTabRemote> browserTabs;
+    // The displays, and switching the built-in one; it says itself whether the platform can switch.
+    std::unique_ptr<DisplayControl> displays;
+    std::unique_ptr<SystemBell> bell;
 
     // Connects to the display server when there is one; without one, each service degrades to "nothing
     // available" rather than failing. Waits for other programs' answers run on clock, which must outlive

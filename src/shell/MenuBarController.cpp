@@ -74,9 +74,11 @@ MenuModel MenuBarController::makeMenu()
         m_actions.builtInDisplay ? m_actions.builtInDisplay() : std::nullopt;
     if (display && (display->isSwitchedOff || display->hasActiveBuiltIn)) {
         const UiLanguage language = m_appState ? m_appState->settings().uiLanguage : UiLanguage::en;
-        MenuEntry item =
-            MenuEntry::item(localized(language, "Turn Off MacBook Display", "Выключить экран MacBook"),
-                            guarded(m_actions.toggleBuiltInDisplay));
+        const QString title =
+            display->panelName == DisplayControl::PanelName::macBookDisplay
+                ? localized(language, "Turn Off MacBook Display", "Выключить экран MacBook")
+                : localized(language, "Turn Off Built-in Display", "Выключить встроенный экран");
+        MenuEntry item = MenuEntry::item(title, guarded(m_actions.toggleBuiltInDisplay));
         item.checked = display->isSwitchedOff;
         // A display this program switched off can always be switched back on; the last screen never goes.
         item.enabled = display->isSwitchedOff || (display->hasActiveBuiltIn && display->canSwitchOff);

@@ -31,6 +31,7 @@
 #include "platform/AccessibilityTree.h"
 #include "platform/ApplicationWorkspace.h"
 #include "platform/FloatingWindowTraits.h"
+#include "platform/DisplayControl.h"
 #include "platform/GlobalHotkeyRegistrar.h"
 #include "platform/InputEventMonitor.h"
 #include "platform/InputSourceProvider.h"
@@ -41,6 +42,7 @@
 #include "platform/PrimarySelection.h"
 #include "platform/ProcessRunner.h"
 #include "platform/SyntheticKeyboard.h"
+#include "platform/SystemBell.h"
 #include "platform/SystemSurfaceSignals.h"
 #include "platform/Updater.h"
 #include "platform/UrlOpener.h"
@@ -52,6 +54,8 @@
 #include "system/ChromeAppWindowService.h"
 #include "system/WindowDragSwapMonitor.h"
 #include "system/WindowTilingService.h"
+#include "system/AppLayoutSwitchService.h"
+#include "system/BuiltInDisplayService.h"
 #include "text/KeyboardLayoutService.h"
 #include "text/MivoraCore.h"
 #include "text/NativeActionService.h"
@@ -95,6 +99,10 @@ MivoraNativeApp::MivoraNativeApp(const Views& views, QObject* parent)
         MivoraAppState::Services{*m_clock, *m_settingsStore, *m_keyboardLayout, m_core->actions(),
                                  *m_exchange, m_platform.surfaceSignals.get()});
     m_appState->setClipboardHistory(m_clipboardHistory.get());
+    m_builtInDisplay = std::make_unique<BuiltInDisplayService>(*m_platform.displays, *m_defaults, *m_clock,
+                                                               *m_platform.bell);
+    m_appLayoutSwitch = std::make_unique<AppLayoutSwitchService>(AppLayoutSwitchService::Services{
+        *m_platform.workspace, *m_platform.inputSources, *m_keyboardLayout, *m_clock});
     m_permissionService = std::make_unique<PermissionService>(*m_platform.processRunner);
     m_permissions = std::make_unique<PermissionController>(*m_appState, *m_clock, *m_platform.permissions,
                                                            *m_permissionService, *m_platform.urlOpener);
@@ -104,7 +112,7 @@ MivoraNativeApp::MivoraNativeApp(const Views& views, QObject* parent)
     m_browserPopOut = std::make_unique<ChromeAppWindowService>(
         *m_platform.workspace, *m_platform.accessibility, m_platform.browserTabs.get(), *m_clock,
         [this](WindowTileSlot slot) { m_windows->tileFocusedWindow(slot); });
-    m_windows = std::make_unique<WindowTilingTargets>(*m_tiling, *m_browserPopOut);
+    m_windows = std::make_unique<WindowTilingTargets>(*m_tiling, *m_browserPopOut, *m_builtInDisplay);
     m_dragSwap = std::make_unique<WindowDragSwapMonitor>(*m_platform.globalInput, *m_defaults, *m_tiling);
     m_hotkeys = std::make_unique<HotkeyService>(
         HotkeyService::Services{*m_platform.hotkeyRegistrar, *m_platform.workspace, *m_focus, *m_quietReader,
@@ -183,6 +191,7 @@ void MivoraNativeApp::makeFace(const Views& views)
         pages.workspace = m_platform.workspace.get();
         pages.inputSources = m_platform.inputSources.get();
         pages.applications = m_platform.applications.get();
+        pages.offersBuiltInDisplay = [this] { return m_builtInDisplay->offersBuiltInDisplay(); };
         m_mainWindow = views.makeMainWindow(
             *m_appState, pages,
             MainWindowHooks{[this] { return m_delegate->windowShouldClose(); },
@@ -208,7 +217,19 @@ void MivoraNativeApp::makeFace(const Views& views)
         actions.showTranslationPreview = [this] { m_panels->showTranslationPreview(); };
         actions.refreshPermissions = [this] { m_permissions->refreshPermissions(); };
         actions.quit = [this] { quit(); };
+        actions.toggleBuiltInDisplay = [this] { m_builtInDisplay->toggle(); };
+        actions.builtInDisplay = [this]() -> std::optional<BuiltInDisplayMenuState> {
+            BuiltInDisplayService& display = *m_builtInDisplay;
+            if (!display.canSwitchDisplays()) {
+                return std::nullopt;
+            }
+            return BuiltInDisplayMenuState{display.disabledDisplayID().has_value(),
+                                           display.activeBuiltInDisplay().has_value(),
+                                           display.canDisableNow(), display.panelName()};
+        };
         m_menuBar = std::make_unique<MenuBarController>(views.makeTray, std::move(actions));
+        connect(m_builtInDisplay.get(), &BuiltInDisplayService::changed, m_menuBar.get(),
+                &MenuBarController::displayStateChanged);
     }
     makeQuickPanels(views);
 }
@@ -244,6 +265,8 @@ void MivoraNativeApp::showMainWindow()
 
 void MivoraNativeApp::quit()
 {
+    // A display this program switched off comes back before anything else goes.
+    m_builtInDisplay->enableBuiltIn();
     if (m_delegate) {
         m_delegate->applicationShouldTerminate();
         m_delegate->stop();
@@ -261,6 +284,8 @@ bool MivoraNativeApp::eventFilter(QObject* watched, QEvent* event)
 
 MivoraNativeApp::~MivoraNativeApp()
 {
+    // Every other way out (the session's end, say) passes here; after quit this does nothing.
+    m_builtInDisplay->enableBuiltIn();
     // Release the global chords before the registrar's connection goes.
     m_hotkeys->stop();
     m_updateManager->setAlertPresenter(nullptr);
@@ -283,6 +308,8 @@ QCoro::Task<int> MivoraNativeApp::runCommand(QString action, QString text)
 
 void MivoraNativeApp::start()
 {
+    // First of all, a panel the previous run left switched off comes back.
+    m_builtInDisplay->restoreAfterPreviousLaunch();
     // The user reads failures on the overlay. For whoever diagnoses a session, they are also logged, off
     // unless asked for (QT_LOGGING_RULES="mivora.status.info=true").
     connect(m_appState.get(), &MivoraAppState::statusChanged, this, [this] {
@@ -312,6 +339,7 @@ void MivoraNativeApp::start()
         m_clipboardPanel->attach(*m_appState);
     }
     m_updateManager->startAutomaticChecks([this] { return m_appState->settings(); });
+    m_appLayoutSwitch->start(*m_appState);
     m_permissions->refreshPermissions();
     // A permission reset restarts the program; this key carries the request across that restart, once.
     if (m_defaults->value(requestPermissionsOnLaunchKey).toBool()) {

@@ -11,8 +11,10 @@
 #include <qcoro/qcorotask.h>
 
 class AccessibilityTextReader;
+class AppLayoutSwitchService;
 class AppUpdateManager;
 class AssistantPanelController;
+class BuiltInDisplayService;
 class ChromeAppWindowService;
 class ClipboardHistoryService;
 class ClipboardNotesService;
@@ -127,6 +129,8 @@ private:
     std::unique_ptr<PasteboardService> m_pasteboardService;
     std::unique_ptr<PasteboardTextExchange> m_exchange;
     std::unique_ptr<MivoraAppState> m_appState;
+    std::unique_ptr<BuiltInDisplayService> m_builtInDisplay;
+    std::unique_ptr<AppLayoutSwitchService> m_appLayoutSwitch;
     std::unique_ptr<PermissionService> m_permissionService;
     std::unique_ptr<PermissionController> m_permissions;
     std::unique_ptr<NativePanelExchange> m_panelExchange;

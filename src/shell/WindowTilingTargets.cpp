@@ -1,11 +1,18 @@
 #include "shell/WindowTilingTargets.h"
 
+#include "system/BuiltInDisplayService.h"
 #include "system/ChromeAppWindowService.h"
 #include "system/WindowTilingService.h"
 
-WindowTilingTargets::WindowTilingTargets(WindowTilingService& tiling, ChromeAppWindowService& browser)
-    : m_tiling(tiling), m_browser(browser)
+WindowTilingTargets::WindowTilingTargets(WindowTilingService& tiling, ChromeAppWindowService& browser,
+                                         BuiltInDisplayService& display)
+    : m_tiling(tiling), m_browser(browser), m_display(display)
 {}
+
+void WindowTilingTargets::toggleBuiltInDisplay()
+{
+    m_display.toggle();
+}
 
 void WindowTilingTargets::swapFocusedWindow(WindowSwapDirection direction)
 {

@@ -6,17 +6,19 @@
 #include <functional>
 #include <qcoro/qcorotask.h>
 
+class BuiltInDisplayService;
 class ChromeAppWindowService;
 class WindowTilingService;
 
-// The tiling hotkeys' targets: each press becomes one tiling operation, run after those pressed before it
-// have settled, so quick presses never move one window two ways at once. GUI thread.
+// The desktop hotkeys' targets: each tiling press becomes one tiling operation, run after those pressed
+// before it have settled, so quick presses never move one window two ways at once; the display chord goes
+// to the display service at once. GUI thread.
 class WindowTilingTargets : public HotkeyWindowTargets {
 public:
-    WindowTilingTargets(WindowTilingService& tiling, ChromeAppWindowService& browser);
+    WindowTilingTargets(WindowTilingService& tiling, ChromeAppWindowService& browser,
+                        BuiltInDisplayService& display);
 
-    // Display control is not wired here yet: the chord stays claimed and does nothing.
-    void toggleBuiltInDisplay() override {}
+    void toggleBuiltInDisplay() override;
     void swapFocusedWindow(WindowSwapDirection direction) override;
     void tileAllWindows() override;
     void tileFocusedWindow(WindowTileSlot slot) override;
@@ -29,6 +31,7 @@ private:
 
     WindowTilingService& m_tiling;
     ChromeAppWindowService& m_browser;
+    BuiltInDisplayService& m_display;
     std::deque<Operation> m_pending;
     bool m_running = false;
 };

@@ -35,7 +35,15 @@ public:
     Source& source(int index) { return *m_sources[index]; }
     void removeAll() { m_sources.clear(); }
 
-    void setCurrent(std::optional<int> index) { m_current = index; }
+    // Another party selects the source: subscribers hear of a change.
+    void setCurrent(std::optional<int> index)
+    {
+        const bool changed = index != m_current;
+        m_current = index;
+        if (changed) {
+            m_changes.notify();
+        }
+    }
     std::optional<int> current() const { return m_current; }
     // The next `count` selections return `status` and change nothing.
     void failSelections(int count, std::int32_t status)
@@ -50,6 +58,10 @@ public:
     std::optional<PlatformInputSource> currentSource() override;
     std::int32_t selectSource(const InputSourceRef& source) override;
     std::optional<QString> translateKey(const InputSourceRef& source, int keyCode, bool shift) override;
+    ListenerSubscription subscribeToSourceChanges(std::function<void()> handler) override
+    {
+        return m_changes.subscribe(std::move(handler));
+    }
 
 private:
     PlatformInputSource describe(const std::shared_ptr<Source>& source) const;
@@ -60,4 +72,5 @@ private:
     std::int32_t m_failureStatus = 0;
     int m_selectCalls = 0;
     int m_translateCalls = 0;
+    ListenerList<> m_changes;
 };

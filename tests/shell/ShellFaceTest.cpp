@@ -99,6 +99,13 @@ TEST_F(MenuBarTest, TheDisplayRowFollowsTheDisplayAndTheInterfaceLanguage)
     configure([](MivoraSettings& s) { s.uiLanguage = UiLanguage::en; });
     EXPECT_EQ(tray.menu[5].title, QStringLiteral("Turn Off MacBook Display"));
     EXPECT_TRUE(tray.menu[5].enabled);
+
+    // Off a Mac the panel is the built-in display.
+    display->panelName = DisplayControl::PanelName::builtInDisplay;
+    menuBar->displayStateChanged();
+    EXPECT_EQ(tray.menu[5].title, QStringLiteral("Turn Off Built-in Display"));
+    configure([](MivoraSettings& s) { s.uiLanguage = UiLanguage::ru; });
+    EXPECT_EQ(tray.menu[5].title, QStringLiteral("Выключить встроенный экран"));
 }
 
 TEST_F(MenuBarTest, HidingTheIconDropsTheEntryAndShowingItMakesANewOne)

@@ -78,6 +78,27 @@ X11InputSources::X11InputSources(const QByteArray& displayName)
 
 X11InputSources::~X11InputSources() = default;
 
+void X11InputSources::followChanges(X11EventPump& pump)
+{
+    Display* display = pump.display();
+    int opcode = 0;
+    int eventBase = 0;
+    int errorBase = 0;
+    int major = XkbMajorVersion;
+    int minor = XkbMinorVersion;
+    if (display == nullptr || !XkbQueryExtension(display, &opcode, &eventBase, &errorBase, &major, &minor))
+        return;
+    // Only the group: the modifiers change at every key press.
+    XkbSelectEventDetails(display, XkbUseCoreKbd, XkbStateNotify, XkbGroupStateMask, XkbGroupStateMask);
+    XFlush(display);
+    m_events = pump.subscribe([this, eventBase](const XEvent& event) {
+        const auto& xkb = reinterpret_cast<const XkbEvent&>(event);
+        if (event.type == eventBase && xkb.any.xkb_type == XkbStateNotify &&
+            (xkb.state.changed & XkbGroupStateMask) != 0)
+            m_changes.notify();
+    });
+}
+
 std::shared_ptr<const X11InputSources::Keymap> X11InputSources::fetchKeymap() const
 {
     if (!m_display)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/InputSourceProvider.h"
+#include "platform/x11/X11EventPump.h"
 
 #include <QByteArray>
 #include <memory>
@@ -20,11 +21,18 @@ public:
     X11InputSources& operator=(const X11InputSources&) = delete;
 
     bool isConnected() const { return m_display != nullptr; }
+    // Reports changes of the active group from now on, read from XKB's state notices on the pump's
+    // connection, which must outlive this object. Without it no change is ever reported.
+    void followChanges(X11EventPump& pump);
 
     QList<PlatformInputSource> inputSources() override;
     std::optional<PlatformInputSource> currentSource() override;
     std::int32_t selectSource(const InputSourceRef& source) override;
     std::optional<QString> translateKey(const InputSourceRef& source, int keyCode, bool shift) override;
+    ListenerSubscription subscribeToSourceChanges(std::function<void()> handler) override
+    {
+        return m_changes.subscribe(std::move(handler));
+    }
 
 private:
     struct DisplayCloser {
@@ -36,4 +44,7 @@ private:
     std::shared_ptr<const Keymap> fetchKeymap() const;
 
     std::unique_ptr<_XDisplay, DisplayCloser> m_display;
+    ListenerList<> m_changes;
+    // Last, so no event reaches a half-destroyed object.
+    X11EventPump::Subscription m_events;
 };

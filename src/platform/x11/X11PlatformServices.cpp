@@ -3,6 +3,7 @@
 #include "platform/ApplicationWorkspace.h"
 #include "platform/BrowserTabRemote.h"
 #include "platform/DesktopWindows.h"
+#include "platform/DisplayControl.h"
 #include "platform/FloatingWindowTraits.h"
 #include "platform/GlobalHotkeyRegistrar.h"
 #include "platform/InputEventMonitor.h"
@@ -15,6 +16,7 @@
 #include "platform/PrimarySelection.h"
 #include "platform/ProcessRunner.h"
 #include "platform/SyntheticKeyboard.h"
+#include "platform/SystemBell.h"
 #include "platform/SystemSurfaceSignals.h"
 #include "platform/Updater.h"
 #include "platform/UrlOpener.h"
@@ -36,7 +38,9 @@
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11PermissionProbe.h"
 #include "platform/x11/X11PrimarySelection.h"
+#include "platform/x11/X11RandrDisplays.h"
 #include "platform/x11/X11SyntheticKeyboard.h"
+#include "platform/x11/X11SystemBell.h"
 #include "platform/x11/XdgApplicationCatalog.h"
 
 struct PlatformServices::Shared {
@@ -60,7 +64,9 @@ PlatformServices PlatformServices::create(Clock& clock)
     Display* display = services.m_shared->display.get();
     X11EventPump& pump = services.m_shared->pump;
 
-    services.inputSources = std::make_unique<X11InputSources>();
+    auto inputSources = std::make_unique<X11InputSources>();
+    inputSources->followChanges(pump);
+    services.inputSources = std::move(inputSources);
     services.languageRecognizer = std::make_unique<TextcatLanguageRecognizer>();
     services.urlOpener = std::make_unique<DesktopUrlOpener>();
     auto pasteboard = std::make_unique<X11Pasteboard>(pump);
@@ -89,5 +95,7 @@ PlatformServices PlatformServices::create(Clock& clock)
     services.globalInput = std::make_unique<X11GlobalInputMonitor>(pump);
     services.floatingWindows = std::make_unique<X11FloatingWindowTraits>();
     services.desktopWindows = std::make_unique<X11DesktopWindows>(pump);
+    services.displays = std::make_unique<X11RandrDisplays>(pump);
+    services.bell = std::make_unique<X11SystemBell>(display);
     return services;
 }
