@@ -1,0 +1,217 @@
+#include "BackendServerHarness.h"
+#include "core/AIReplyStyleLibrary.h"
+#include "core/MivoraPromptLibrary.h"
+
+namespace {
+
+QString rewritePrompt(const char* id)
+{
+    return MivoraPromptLibrary::style(QString::fromLatin1(id), {})->prompt;
+}
+
+QString replyPrompt(const char* id)
+{
+    for (const AIReplyStyle& style : AIReplyStyleLibrary::builtInStyles()) {
+        if (style.id == QLatin1StringView(id)) {
+            return style.prompt;
+        }
+    }
+    return {};
+}
+
+PromptStyle style(const char* id, const char* name = "")
+{
+    return PromptStyle{QString::fromLatin1(id), QString::fromLatin1(name), QString(), QString(), false};
+}
+
+struct ActionCase {
+    const char* name;
+    BackendAction action;
+    PromptStyle style;
+    // Target language, replyTo, keyboard language, user instruction.
+    QStringList options;
+    bool insist;
+    QStringList systemIncludes;
+};
+
+} // namespace
+
+TEST_F(BackendServerHarness, EachWireActionBecomesItsChatMessages)
+{
+    const ActionCase cases[] = {
+        {"fix", BackendAction::fix, style("original"), {}, false, {"Correct the spelling"}},
+        {"improve", BackendAction::improve, style("original"), {}, false, {rewritePrompt("original")}},
+        {"built-in style", BackendAction::improve, style("friendly"), {}, false, {rewritePrompt("friendly")}},
+        {"custom style",
+         BackendAction::improve,
+         style("custom-1", " Pirate "),
+         {},
+         false,
+         {"style: Pirate."}},
+        {"emoji", BackendAction::emoji, style("emoji"), {}, false, {rewritePrompt("emoji")}},
+        {"translate", BackendAction::translate, style("translate"), {"German"}, false, {"into German."}},
+        {"assistant", BackendAction::assistant, style("original"), {}, false, {"helpful assistant"}},
+        {"reply",
+         BackendAction::chatReply,
+         style("friendly", "Friendly"),
+         {"", "Message", "ru"},
+         false,
+         {replyPrompt("friendly"), "language: ru."}},
+        {"insisting reply",
+         BackendAction::chatReply,
+         style("custom-reply-1"),
+         {"", "Message", "", "Be brief"},
+         true,
+         {"instruction of the user: Be brief", "only repeated the message"}},
+        {"insisting rewrite",
+         BackendAction::improve,
+         style("short"),
+         {},
+         true,
+         {rewritePrompt("short"), "returned the text unchanged"}},
+    };
+    qsizetype call = 0;
+    for (const ActionCase& test : cases) {
+        SCOPED_TRACE(test.name);
+        BackendRequest::Arguments arguments = wire("Message", test.action, test.style);
+        arguments.targetLanguage = test.options.value(0);
+        arguments.replyTo = test.options.value(1);
+        arguments.keyboardLanguage = test.options.value(2);
+        arguments.userInstruction = test.options.value(3);
+        if (test.insist) {
+            arguments.forceRewrite = true;
+            arguments.styleIntensity = QStringLiteral("maximum");
+        }
+        completion("done");
+        const AiEndpoint::Answer answer = ask(arguments);
+        ASSERT_EQ(answer.status, 200) << answer.body.value("error").toString().toStdString();
+        EXPECT_EQ(answer.body.value("result").toString(), "done");
+        const QJsonArray messages = upstreamMessages(call++);
+        ASSERT_EQ(messages.size(), 2);
+        EXPECT_EQ(messages[0]["role"].toString(), "system");
+        for (const QString& part : test.systemIncludes) {
+            EXPECT_TRUE(messages[0]["content"].toString().contains(part)) << part.toStdString();
+        }
+        EXPECT_EQ(messages[1]["role"].toString(), "user");
+        EXPECT_EQ(messages[1]["content"].toString(), "Message");
+    }
+    const ScriptedHttpServer::Request& last = upstream.requests().last();
+    EXPECT_EQ(last.path, "/v1/chat/completions");
+    EXPECT_EQ(last.headers.value("authorization"), "Bearer key");
+    EXPECT_EQ(QJsonDocument::fromJson(last.body).object().value("model").toString(), "test-model");
+}
+
+TEST_F(BackendServerHarness, AssistantSessionsKeepTheirTurnsUntilTheyExpire)
+{
+    BackendRequest::Arguments kept = wire("Question", BackendAction::assistant, style("original"));
+    kept.assistantSessionId = QStringLiteral("S1");
+    kept.assistantKeepContext = true;
+    completion("Answer");
+    ask(kept);
+    ask(kept);
+    EXPECT_EQ(upstreamMessages(1).size(), 4);
+    EXPECT_EQ(upstreamMessages(1)[2]["content"].toString(), "Answer");
+
+    BackendRequest::Arguments forgetful = kept;
+    forgetful.assistantKeepContext = false;
+    ask(forgetful);
+    EXPECT_EQ(upstreamMessages(2).size(), 2);
+
+    clock.advance(std::chrono::minutes(31));
+    ask(kept);
+    EXPECT_EQ(upstreamMessages(3).size(), 2);
+    // Ten turns are kept at most: a system message, twenty earlier messages and the question.
+    for (int i = 0; i < 12; ++i) {
+        ask(kept);
+    }
+    EXPECT_EQ(upstreamMessages(upstream.requests().size() - 1).size(), 22);
+}
+
+TEST_F(BackendServerHarness, BadRequestsAreRefusedWithoutReachingTheModel)
+{
+    const QByteArray valid =
+        BackendRequest::make(wire("Text", BackendAction::fix, style("original"))).toJson();
+    QJsonObject mistyped = QJsonDocument::fromJson(valid).object();
+    mistyped.insert("keepContext", "yes");
+    QJsonObject missing = QJsonDocument::fromJson(valid).object();
+    missing.remove("text");
+    QJsonObject unknown = QJsonDocument::fromJson(valid).object();
+    unknown.insert("action", "dance");
+    const auto json = [](const QJsonObject& object) { return QJsonDocument(object).toJson(); };
+    struct Case {
+        QByteArray token, device, body;
+        int status;
+        const char* error;
+    } cases[] = {
+        {"Bearer wrong", "D", valid, 401, "token is missing or wrong"},
+        {"", "D", valid, 401, "token is missing or wrong"},
+        {"Bearer secret", "", valid, 400, "device identifier"},
+        {"Bearer secret", "D", "<html>", 400, "must be a JSON object"},
+        {"Bearer secret", "D", json(mistyped), 400, "\"keepContext\" must be true or false."},
+        {"Bearer secret", "D", json(missing), 400, "lacks \"text\""},
+        {"Bearer secret", "D", json(unknown), 400, "Unknown action \"dance\""},
+        {"Bearer secret", "D",
+         BackendRequest::make(wire(QString(2501, 'a'), BackendAction::fix, style("original"))).toJson(), 413,
+         "longer than 2500 characters"},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.error);
+        const AiEndpoint::Answer answer = AwaitTask::run(endpoint.handle(test.token, test.device, test.body));
+        EXPECT_EQ(answer.status, test.status);
+        EXPECT_TRUE(answer.body.value("error").toString().contains(QLatin1StringView(test.error)))
+            << answer.body.value("error").toString().toStdString();
+    }
+    EXPECT_TRUE(upstream.requests().isEmpty());
+
+    // 2500 characters of two code units each are within the limit, as the client counts them.
+    completion("ok");
+    EXPECT_EQ(ask(wire(QString("e\u0301").repeated(2500), BackendAction::fix, style("original"))).status,
+              200);
+}
+
+TEST_F(BackendServerHarness, ModelServerFailuresBecomeClearErrors)
+{
+    struct Case {
+        ScriptedHttpServer::Reply reply;
+        int status;
+        const char* error;
+    } cases[] = {
+        {ScriptedHttpServer::Reply::json(404, R"({"error":{"message":"model not found"}})"), 502,
+         "does not have the model \"test-model\""},
+        {ScriptedHttpServer::Reply::json(401, "{}"), 502, "refused the backend's API key"},
+        {ScriptedHttpServer::Reply::json(429, "{}"), 429, "limiting requests"},
+        {ScriptedHttpServer::Reply::json(500, R"({"error":"out of memory"})"), 502, "failed: out of memory"},
+        {ScriptedHttpServer::Reply::html(200, "<html>gateway</html>"), 502, "cannot read"},
+        {ScriptedHttpServer::Reply::json(200, R"({"choices":[{"message":{"content":"  "}}]})"), 502,
+         "empty answer"},
+        {ScriptedHttpServer::Reply{200, "{}", "application/json", std::chrono::seconds(1)}, 502,
+         "cannot be reached: The request timed out."},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.error);
+        upstream.enqueue(test.reply);
+        const AiEndpoint::Answer answer = ask(wire("Text", BackendAction::fix, style("original")));
+        EXPECT_EQ(answer.status, test.status);
+        EXPECT_TRUE(answer.body.value("error").toString().contains(QLatin1StringView(test.error)))
+            << answer.body.value("error").toString().toStdString();
+    }
+}
+
+TEST_F(BackendServerHarness, EachDeviceHasItsAllowancePerMinute)
+{
+    AiEndpoint::Settings limited = settings();
+    limited.maxRequestsPerDevicePerMinute = 2;
+    AiEndpoint strict(clock, chat, limited);
+    const QByteArray body =
+        BackendRequest::make(wire("Text", BackendAction::fix, style("original"))).toJson();
+    const auto status = [&](const QByteArray& device) {
+        return AwaitTask::run(strict.handle("Bearer secret", device, body)).status;
+    };
+    completion("ok");
+    EXPECT_EQ(status("A"), 200);
+    EXPECT_EQ(status("A"), 200);
+    EXPECT_EQ(status("A"), 429);
+    EXPECT_EQ(status("B"), 200);
+    clock.advance(std::chrono::minutes(1));
+    EXPECT_EQ(status("A"), 200);
+}

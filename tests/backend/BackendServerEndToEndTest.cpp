@@ -1,0 +1,164 @@
+#include "BackendServerHarness.h"
+#include "FakeLanguageRecognizer.h"
+#include "MemoryDefaultsStore.h"
+#include "core/AIReplyStyleLibrary.h"
+#include "core/MivoraError.h"
+#include "text/BackendClient.h"
+
+#include <QNetworkReply>
+#include <QTcpSocket>
+#include <QTemporaryFile>
+#include <QUrlQuery>
+
+namespace {
+
+// The program's own client, talking to the backend under test.
+class EndToEnd : public BackendServerHarness {
+protected:
+    BackendClient client(const QString& token = QStringLiteral("secret"))
+    {
+        return BackendClient(network, BackendCredentials(defaults, token), baseUrl, recognizer);
+    }
+
+    template <typename T> static QString failureText(QCoro::Task<T> task)
+    {
+        try {
+            AwaitTask::run(std::move(task));
+        } catch (const MivoraError& error) {
+            return error.errorDescription();
+        }
+        return {};
+    }
+
+    // A raw exchange: status and body.
+    std::pair<int, QByteArray> post(const QByteArray& path, const QByteArray& body)
+    {
+        QNetworkRequest request(QUrl(baseUrl + QString::fromLatin1(path)));
+        request.setHeader(QNetworkRequest::ContentTypeHeader, "application/json");
+        request.setRawHeader("Authorization", "Bearer secret");
+        request.setRawHeader("x-mivora-device-id", "D");
+        QNetworkReply* reply = network.post(request, body);
+        EXPECT_TRUE(AwaitTask::until([&] { return reply->isFinished(); }));
+        reply->deleteLater();
+        return {reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), reply->readAll()};
+    }
+
+    QString baseUrl = start({16 * 1024, 256 * 1024, std::chrono::milliseconds(300), std::chrono::seconds(5)});
+    MemoryDefaultsStore defaults;
+    FakeLanguageRecognizer recognizer;
+    const PromptStyle friendly{"friendly", "Friendly", "", "", true};
+};
+
+} // namespace
+
+TEST_F(EndToEnd, TheProgramsClientGetsItsAnswers)
+{
+    BackendClient mivora = client();
+    completion("Hello — friend!");
+    EXPECT_EQ(AwaitTask::run(mivora.send("hallo friend", BackendAction::improve, friendly, {}, true)),
+              "Hello - friend!");
+
+    // A translation that comes back unchanged is asked once more.
+    completion("Hallo Welt");
+    completion("Hello world");
+    EXPECT_EQ(AwaitTask::run(mivora.send("Hallo Welt", BackendAction::translate, friendly, "English", true)),
+              "Hello world");
+
+    // A reply that only echoes the message is asked again, insisting.
+    const QString message = QStringLiteral("Are we still meeting at the station tomorrow morning?");
+    completion(message);
+    completion("Yes, see you at nine!");
+    const AIReplyStyle replyStyle{"friendly", "Friendly", AIReplyStyleLibrary::builtInStyles().at(1).prompt,
+                                  ""};
+    EXPECT_EQ(AwaitTask::run(mivora.sendReply(message, replyStyle, {})), "Yes, see you at nine!");
+    EXPECT_TRUE(upstreamMessages(4)[0]["content"].toString().contains("only repeated the message"));
+
+    // A long text arrives in the client's pieces, each within the backend's limit.
+    completion("first");
+    completion("second");
+    const QString longText = QString(2400, 'a') + ". " + QString(99, 'b');
+    EXPECT_EQ(AwaitTask::run(mivora.send(longText, BackendAction::fix, friendly, {}, false)),
+              "first\n\nsecond");
+    EXPECT_EQ(upstream.requests().size(), 7);
+}
+
+TEST_F(EndToEnd, FailuresReachTheUserAsText)
+{
+    EXPECT_TRUE(failureText(client("wrong").send("Hi", BackendAction::fix, friendly, {}, false))
+                    .startsWith("The backend token is missing or wrong."));
+    upstream.enqueue(ScriptedHttpServer::Reply{200, "{}", "application/json", std::chrono::seconds(1)});
+    EXPECT_EQ(failureText(client().send("Hi", BackendAction::fix, friendly, {}, false)),
+              "The AI model server cannot be reached: The request timed out.");
+
+    const auto [tooLarge, tooLargeBody] = post("/macos/ai", QByteArray(300 * 1024, ' '));
+    EXPECT_EQ(tooLarge, 413);
+    EXPECT_TRUE(tooLargeBody.contains("larger than 256 KiB"));
+    const auto [malformed, malformedBody] = post("/macos/ai", "{\"action\":");
+    EXPECT_EQ(malformed, 400);
+    EXPECT_TRUE(malformedBody.contains("must be a JSON object"));
+    EXPECT_EQ(post("/elsewhere", "{}").first, 404);
+}
+
+TEST_F(EndToEnd, SlowAndVanishingClientsDoNotHoldTheServer)
+{
+    QTcpSocket slow;
+    slow.connectToHost(QHostAddress::LocalHost, listener->serverPort());
+    ASSERT_TRUE(slow.waitForConnected(2000));
+    slow.write("POST /macos/ai HTTP/1.1\r\nContent-Length: 10\r\n\r\n{");
+    EXPECT_TRUE(AwaitTask::until([&] { return slow.state() == QAbstractSocket::UnconnectedState; },
+                                 std::chrono::seconds(3)));
+
+    // A client that hangs up while the model works leaves nothing behind to answer.
+    const QByteArray body = BackendRequest::make(wire("Hi", BackendAction::fix, friendly)).toJson();
+    completion("late", std::chrono::milliseconds(200));
+    auto* gone = new QTcpSocket;
+    gone->connectToHost(QHostAddress::LocalHost, listener->serverPort());
+    ASSERT_TRUE(gone->waitForConnected(2000));
+    gone->write("POST /macos/ai HTTP/1.1\r\nAuthorization: Bearer secret\r\nx-mivora-device-id: D\r\n"
+                "Content-Length: " +
+                QByteArray::number(body.size()) + "\r\n\r\n" + body);
+    ASSERT_TRUE(AwaitTask::until([&] { return upstream.requests().size() == 1; }));
+    gone->abort();
+    delete gone;
+    AwaitTask::until([] { return false; }, std::chrono::milliseconds(400));
+
+    completion("still here");
+    EXPECT_EQ(AwaitTask::run(client().send("Hi", BackendAction::fix, friendly, {}, false)), "still here");
+}
+
+TEST_F(EndToEnd, VersionAnswersFromTheReleaseFile)
+{
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
+    file.write(R"({"latest_version":"1.4.0","latest_build":40,"min_supported_build":30,
+        "download_url":"https://example.org/m.deb","sha256":"ab12","title":{"en":"Update","ru":"Обновление"},
+        "message":"New")");
+    file.write("}");
+    file.flush();
+    const ReleaseDescription described(file.fileName());
+    struct Case {
+        const char* build;
+        int status;
+        bool available, forced;
+    } cases[] = {{"40", 200, false, false},
+                 {"35", 200, true, false},
+                 {"29", 200, true, true},
+                 {"x", 400, false, false}};
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.build);
+        const ReleaseDescription::Answer answer = described.answer(QString::fromLatin1(test.build));
+        EXPECT_EQ(answer.status, test.status);
+        if (test.status == 200) {
+            EXPECT_EQ(answer.body.value("update_available").toBool(), test.available);
+            EXPECT_EQ(answer.body.value("force_update").toBool(), test.forced);
+            EXPECT_EQ(answer.body.value("title").toObject().value("ru").toString(), "Обновление");
+            EXPECT_EQ(answer.body.value("download_url").toString(), "https://example.org/m.deb");
+        }
+    }
+    // Without a release file the server says so through the HTTP route.
+    QNetworkReply* reply = network.get(QNetworkRequest(QUrl(baseUrl + "/macos/app/version?current_build=3")));
+    ASSERT_TRUE(AwaitTask::until([&] { return reply->isFinished(); }));
+    EXPECT_EQ(reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), 503);
+    EXPECT_TRUE(reply->readAll().contains("no release description"));
+    delete reply;
+}
