@@ -9,16 +9,6 @@ QString rewritePrompt(const char* id)
     return MivoraPromptLibrary::style(QString::fromLatin1(id), {})->prompt;
 }
 
-QString replyPrompt(const char* id)
-{
-    for (const AIReplyStyle& style : AIReplyStyleLibrary::builtInStyles()) {
-        if (style.id == QLatin1StringView(id)) {
-            return style.prompt;
-        }
-    }
-    return {};
-}
-
 PromptStyle style(const char* id, const char* name = "")
 {
     return PromptStyle{QString::fromLatin1(id), QString::fromLatin1(name), QString(), QString(), false};
@@ -56,7 +46,7 @@ TEST_F(BackendServerHarness, EachWireActionBecomesItsChatMessages)
          style("friendly", "Friendly"),
          {"", "Message", "ru"},
          false,
-         {replyPrompt("friendly"), "language: ru."}},
+         {AIReplyStyleLibrary::builtInStyles().at(1).prompt, "language: ru."}},
         {"insisting reply",
          BackendAction::chatReply,
          style("custom-reply-1"),
@@ -184,7 +174,7 @@ TEST_F(BackendServerHarness, ModelServerFailuresBecomeClearErrors)
         {ScriptedHttpServer::Reply::html(200, "<html>gateway</html>"), 502, "cannot read"},
         {ScriptedHttpServer::Reply::json(200, R"({"choices":[{"message":{"content":"  "}}]})"), 502,
          "empty answer"},
-        {ScriptedHttpServer::Reply{200, "{}", "application/json", std::chrono::seconds(1)}, 502,
+        {ScriptedHttpServer::Reply{200, "{}", "application/json", std::chrono::milliseconds(1500)}, 502,
          "cannot be reached: The request timed out."},
     };
     for (const Case& test : cases) {
@@ -197,21 +187,26 @@ TEST_F(BackendServerHarness, ModelServerFailuresBecomeClearErrors)
     }
 }
 
-TEST_F(BackendServerHarness, EachDeviceHasItsAllowancePerMinute)
+TEST_F(BackendServerHarness, EachDeviceHasItsAllowancePerMinuteAndTheModelServerItsShare)
 {
     AiEndpoint::Settings limited = settings();
     limited.maxRequestsPerDevicePerMinute = 2;
+    limited.maxConcurrentUpstreamCalls = 1;
     AiEndpoint strict(clock, chat, limited);
     const QByteArray body =
         BackendRequest::make(wire("Text", BackendAction::fix, style("original"))).toJson();
-    const auto status = [&](const QByteArray& device) {
-        return AwaitTask::run(strict.handle("Bearer secret", device, body)).status;
-    };
-    completion("ok");
-    EXPECT_EQ(status("A"), 200);
-    EXPECT_EQ(status("A"), 200);
-    EXPECT_EQ(status("A"), 429);
-    EXPECT_EQ(status("B"), 200);
-    clock.advance(std::chrono::minutes(1));
-    EXPECT_EQ(status("A"), 200);
+    completion("ok", std::chrono::milliseconds(50));
+    const std::pair<const char*, int> steps[] = {{"A", 200}, {"A", 200},  {"A", 429},
+                                                 {"B", 200}, {"next", 0}, {"A", 200}};
+    for (const auto& [device, status] : steps) {
+        if (status == 0) {
+            clock.advance(std::chrono::minutes(1));
+            continue;
+        }
+        EXPECT_EQ(AwaitTask::run(strict.handle("Bearer secret", device, body)).status, status) << device;
+    }
+    // A second call while the only slot is taken is turned away at once.
+    auto first = strict.handle("Bearer secret", "C", body);
+    EXPECT_EQ(AwaitTask::run(strict.handle("Bearer secret", "D", body)).status, 503);
+    EXPECT_EQ(AwaitTask::run(std::move(first)).status, 200);
 }

@@ -13,7 +13,7 @@
 namespace {
 
 // The program's own client, talking to the backend under test.
-class EndToEnd : public BackendServerHarness {
+class BackendEndToEnd : public BackendServerHarness {
 protected:
     BackendClient client(const QString& token = QStringLiteral("secret"))
     {
@@ -51,7 +51,7 @@ protected:
 
 } // namespace
 
-TEST_F(EndToEnd, TheProgramsClientGetsItsAnswers)
+TEST_F(BackendEndToEnd, TheProgramsClientGetsItsAnswers)
 {
     BackendClient mivora = client();
     completion("Hello — friend!");
@@ -82,11 +82,12 @@ TEST_F(EndToEnd, TheProgramsClientGetsItsAnswers)
     EXPECT_EQ(upstream.requests().size(), 7);
 }
 
-TEST_F(EndToEnd, FailuresReachTheUserAsText)
+TEST_F(BackendEndToEnd, FailuresReachTheUserAsText)
 {
     EXPECT_TRUE(failureText(client("wrong").send("Hi", BackendAction::fix, friendly, {}, false))
                     .startsWith("The backend token is missing or wrong."));
-    upstream.enqueue(ScriptedHttpServer::Reply{200, "{}", "application/json", std::chrono::seconds(1)});
+    upstream.enqueue(
+        ScriptedHttpServer::Reply{200, "{}", "application/json", std::chrono::milliseconds(1500)});
     EXPECT_EQ(failureText(client().send("Hi", BackendAction::fix, friendly, {}, false)),
               "The AI model server cannot be reached: The request timed out.");
 
@@ -99,7 +100,7 @@ TEST_F(EndToEnd, FailuresReachTheUserAsText)
     EXPECT_EQ(post("/elsewhere", "{}").first, 404);
 }
 
-TEST_F(EndToEnd, SlowAndVanishingClientsDoNotHoldTheServer)
+TEST_F(BackendEndToEnd, SlowAndVanishingClientsDoNotHoldTheServer)
 {
     QTcpSocket slow;
     slow.connectToHost(QHostAddress::LocalHost, listener->serverPort());
@@ -126,7 +127,7 @@ TEST_F(EndToEnd, SlowAndVanishingClientsDoNotHoldTheServer)
     EXPECT_EQ(AwaitTask::run(client().send("Hi", BackendAction::fix, friendly, {}, false)), "still here");
 }
 
-TEST_F(EndToEnd, VersionAnswersFromTheReleaseFile)
+TEST_F(BackendEndToEnd, VersionAnswersFromTheReleaseFile)
 {
     QTemporaryFile file;
     ASSERT_TRUE(file.open());

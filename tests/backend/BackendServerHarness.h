@@ -41,7 +41,7 @@ protected:
         return {upstream.baseUrl() + QStringLiteral("/v1"),
                 QStringLiteral("test-model"),
                 QStringLiteral("key"),
-                {std::chrono::milliseconds(400), std::chrono::seconds(2), 1024 * 1024}};
+                {std::chrono::milliseconds(1000), std::chrono::seconds(3), 1024 * 1024}};
     }
 
     // Starts listening; the base URL the program's client is given.
