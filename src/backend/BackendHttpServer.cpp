@@ -2,8 +2,8 @@
 
 #include "backend/AiEndpoint.h"
 #include "backend/ReleaseDescription.h"
+#include "core/Clock.h"
 
-#include <QDateTime>
 #include <QHttpServerRequest>
 #include <QJsonDocument>
 #include <QUrlQuery>
@@ -12,12 +12,6 @@ namespace {
 
 const QByteArray aiPath = QByteArrayLiteral("/macos/ai");
 const QByteArray versionPath = QByteArrayLiteral("/macos/app/version");
-
-void logExchange(const QByteArray& method, const QByteArray& path, int status, qint64 startedAt)
-{
-    qInfo("%s %s %d %lldms", method.constData(), path.constData(), status,
-          QDateTime::currentMSecsSinceEpoch() - startedAt);
-}
 
 QByteArray methodName(QHttpServerRequest::Method method)
 {
@@ -40,13 +34,21 @@ void writeJson(QHttpServerResponder& responder, int status, const QJsonObject& b
 
 } // namespace
 
-BackendHttpServer::BackendHttpServer(AiEndpoint& ai, const ReleaseDescription& release, QObject* parent)
-    : QAbstractHttpServer(parent), m_ai(ai), m_release(release)
+BackendHttpServer::BackendHttpServer(const Clock& clock, AiEndpoint& ai, const ReleaseDescription& release,
+                                     QObject* parent)
+    : QAbstractHttpServer(parent), m_clock(clock), m_ai(ai), m_release(release)
 {}
+
+void BackendHttpServer::log(const QByteArray& method, const QByteArray& path, int status,
+                            std::chrono::milliseconds startedAt) const
+{
+    qInfo("%s %s %d %lldms", method.constData(), path.constData(), status,
+          static_cast<long long>((m_clock.elapsed() - startedAt).count()));
+}
 
 bool BackendHttpServer::handleRequest(const QHttpServerRequest& request, QTcpSocket* socket)
 {
-    const qint64 startedAt = QDateTime::currentMSecsSinceEpoch();
+    const std::chrono::milliseconds startedAt = m_clock.elapsed();
     const QByteArray path = request.url().path().toUtf8();
     const QByteArray method = methodName(request.method());
     if (path != aiPath && path != versionPath) {
@@ -56,7 +58,7 @@ bool BackendHttpServer::handleRequest(const QHttpServerRequest& request, QTcpSoc
     const bool isAi = path == aiPath;
     if (method != (isAi ? "POST" : "GET")) {
         writeJson(responder, 405, QJsonObject{{"error", QStringLiteral("Method not allowed.")}});
-        logExchange(method, path, 405, startedAt);
+        log(method, path, 405, startedAt);
         return true;
     }
     if (isAi) {
@@ -67,7 +69,7 @@ bool BackendHttpServer::handleRequest(const QHttpServerRequest& request, QTcpSoc
     const ReleaseDescription::Answer answer =
         m_release.answer(request.query().queryItemValue(QStringLiteral("current_build")));
     writeJson(responder, answer.status, answer.body);
-    logExchange(method, path, answer.status, startedAt);
+    log(method, path, answer.status, startedAt);
     return true;
 }
 
@@ -75,13 +77,14 @@ void BackendHttpServer::missingHandler(const QHttpServerRequest& request, QTcpSo
 {
     QHttpServerResponder responder = makeResponder(request, socket);
     writeJson(responder, 404, QJsonObject{{"error", QStringLiteral("Not found.")}});
-    logExchange(methodName(request.method()), request.url().path().toUtf8(), 404,
-                QDateTime::currentMSecsSinceEpoch());
+    // Encoded and cut short, so a crafted path cannot forge or flood log lines.
+    log(methodName(request.method()), request.url().path(QUrl::FullyEncoded).left(200).toLatin1(), 404,
+        m_clock.elapsed());
 }
 
 QCoro::Task<> BackendHttpServer::answerAi(QHttpServerResponder responder, QPointer<QTcpSocket> socket,
                                           QByteArray authorization, QByteArray deviceId, QByteArray body,
-                                          qint64 startedAt)
+                                          std::chrono::milliseconds startedAt)
 {
     const AiEndpoint::Answer answer =
         co_await m_ai.handle(std::move(authorization), std::move(deviceId), std::move(body));
@@ -89,5 +92,5 @@ QCoro::Task<> BackendHttpServer::answerAi(QHttpServerResponder responder, QPoint
     if (socket && socket->state() == QAbstractSocket::ConnectedState) {
         writeJson(responder, answer.status, answer.body);
     }
-    logExchange("POST", aiPath, socket ? answer.status : 499, startedAt);
+    log("POST", aiPath, socket ? answer.status : 499, startedAt);
 }

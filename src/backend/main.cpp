@@ -29,7 +29,7 @@ int main(int argc, char* argv[])
     UpstreamChatClient upstream(network, options.upstream);
     AiEndpoint ai(clock, upstream, options.ai);
     const ReleaseDescription release(options.releaseFile);
-    BackendHttpServer server(ai, release);
+    BackendHttpServer server(clock, ai, release);
     auto* listener = new GuardedTcpServer(ConnectionGuard::Limits{}, &server);
     if (!listener->listen(options.listenAddress, options.port)) {
         std::fprintf(stderr, "Cannot listen on %s:%u: %s\n", qPrintable(options.listenAddress.toString()),

@@ -84,6 +84,6 @@ protected:
     UpstreamChatClient chat{network, upstreamSettings()};
     AiEndpoint endpoint{clock, chat, settings()};
     ReleaseDescription release{QString()};
-    BackendHttpServer server{endpoint, release};
+    BackendHttpServer server{clock, endpoint, release};
     GuardedTcpServer* listener = nullptr;
 };
