@@ -114,7 +114,7 @@ std::unique_ptr<QProcess> startBackend(const QString& upstream, quint16 port)
     process->setProcessChannelMode(QProcess::ForwardedOutputChannel);
     process->start(QStringLiteral(MIVORA_BACKEND_BINARY),
                    {"--token", "bench", "--model", "bench-model", "--upstream-url", upstream, "--port",
-                    QString::number(port), "--max-concurrent", "1024", "--requests-per-minute", "100000000"});
+                    QString::number(port), "--max-concurrent", "1024", "--requests-per-minute", "10000000"});
     process->waitForStarted();
     // Ready once it accepts connections.
     for (int attempt = 0; attempt < 100; ++attempt) {

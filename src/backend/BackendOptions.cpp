@@ -86,7 +86,7 @@ BackendOptions::parse(const QStringList& arguments, const QProcessEnvironment& e
     options.upstream.apiKey = value(specs[5]);
     options.releaseFile = value(specs[6]);
     const std::optional<int> concurrent = positive(value(specs[7]), 8, 1024);
-    const std::optional<int> rate = positive(value(specs[8]), 60, 100'000);
+    const std::optional<int> rate = positive(value(specs[8]), 60, 10'000'000);
     if (!concurrent || !rate) {
         return Stop{QStringLiteral("--max-concurrent and --requests-per-minute must be positive numbers.")};
     }
