@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QTimer>
 #include <chrono>
+#include <optional>
 
 class QTcpSocket;
 
@@ -28,6 +29,9 @@ public:
 private:
     void inspect();
     void refuse(QByteArray statusLine, const QString& text);
+    // The Content-Length of a complete header (0 when absent, over the limit when unreadable); none for a
+    // chunked body, which is not accepted.
+    std::optional<qint64> bodyLength(const QByteArray& header) const;
 
     QTcpSocket& m_socket;
     Limits m_limits;

@@ -7,6 +7,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QNetworkAccessManager>
+#include <QRegularExpression>
 
 namespace {
 
@@ -25,7 +26,9 @@ BackendFailure failureFor(int status, const QByteArray& body, const QString& mod
     case 403:
         return {502, QStringLiteral("The AI model server refused the backend's API key.")};
     case 404:
-        return {502, QStringLiteral("The AI model server does not have the model \"%1\".").arg(model)};
+        return {502,
+                QStringLiteral("The AI model server does not have the model \"%1\" (or its URL is wrong).")
+                    .arg(model)};
     case 429:
         return {429, QStringLiteral("The AI model server is limiting requests. Try again in a minute.")};
     default:
@@ -88,8 +91,12 @@ QCoro::Task<QString> UpstreamChatClient::complete(QList<ChatMessage> messages)
         throw BackendFailure(502,
                              QStringLiteral("The AI model server sent an answer the backend cannot read."));
     }
-    if (content.toString().trimmed().isEmpty()) {
+    // Reasoning models served locally put their deliberation before the answer; the user wants the answer.
+    static const QRegularExpression reasoning(QStringLiteral("^\\s*<think>.*?</think>"),
+                                              QRegularExpression::DotMatchesEverythingOption);
+    const QString answer = content.toString().remove(reasoning).trimmed();
+    if (answer.isEmpty()) {
         throw BackendFailure(502, QStringLiteral("The AI model returned an empty answer."));
     }
-    co_return content.toString().trimmed();
+    co_return answer;
 }

@@ -72,7 +72,7 @@ TEST_F(BackendServerHarness, EachWireActionBecomesItsChatMessages)
             arguments.forceRewrite = true;
             arguments.styleIntensity = QStringLiteral("maximum");
         }
-        completion("done");
+        completion("<think>Which words?</think>\n done");
         const AiEndpoint::Answer answer = ask(arguments);
         ASSERT_EQ(answer.status, 200) << answer.body.value("error").toString().toStdString();
         EXPECT_EQ(answer.body.value("result").toString(), "done");

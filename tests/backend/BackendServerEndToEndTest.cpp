@@ -109,6 +109,16 @@ TEST_F(BackendEndToEnd, SlowAndVanishingClientsDoNotHoldTheServer)
     EXPECT_TRUE(AwaitTask::until([&] { return slow.state() == QAbstractSocket::UnconnectedState; },
                                  std::chrono::seconds(3)));
 
+    // A request behind another in the same packet is measured too.
+    QTcpSocket pipelined;
+    pipelined.connectToHost(QHostAddress::LocalHost, listener->serverPort());
+    ASSERT_TRUE(pipelined.waitForConnected(2000));
+    pipelined.write(
+        "GET /macos/app/version HTTP/1.1\r\n\r\nPOST /macos/ai HTTP/1.1\r\nContent-Length: 999999\r\n\r\n");
+    QByteArray answers;
+    EXPECT_TRUE(
+        AwaitTask::until([&] { return (answers += pipelined.readAll()).contains("413 Payload Too Large"); }));
+
     // A client that hangs up while the model works leaves nothing behind to answer.
     const QByteArray body = BackendRequest::make(wire("Hi", BackendAction::fix, friendly)).toJson();
     completion("late", std::chrono::milliseconds(200));
