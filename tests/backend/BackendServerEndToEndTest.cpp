@@ -4,11 +4,11 @@
 #include "core/AIReplyStyleLibrary.h"
 #include "core/MivoraError.h"
 #include "text/BackendClient.h"
+#include "updates/AppUpdateClient.h"
 
+#include <QFile>
 #include <QNetworkReply>
 #include <QTcpSocket>
-#include <QTemporaryFile>
-#include <QUrlQuery>
 
 namespace {
 
@@ -137,39 +137,28 @@ TEST_F(BackendEndToEnd, SlowAndVanishingClientsDoNotHoldTheServer)
     EXPECT_EQ(AwaitTask::run(client().send("Hi", BackendAction::fix, friendly, {}, false)), "still here");
 }
 
-TEST_F(BackendEndToEnd, VersionAnswersFromTheReleaseFile)
+TEST_F(BackendEndToEnd, TheProgramsUpdateCheckReadsTheReleaseFile)
 {
-    QTemporaryFile file;
-    ASSERT_TRUE(file.open());
-    file.write(R"({"latest_version":"1.4.0","latest_build":40,"min_supported_build":30,
-        "download_url":"https://example.org/m.deb","sha256":"ab12","title":{"en":"Update","ru":"Обновление"},
-        "message":"New")");
-    file.write("}");
-    file.flush();
-    const ReleaseDescription described(file.fileName());
-    struct Case {
-        const char* build;
-        int status;
-        bool available, forced;
-    } cases[] = {{"40", 200, false, false},
-                 {"35", 200, true, false},
-                 {"29", 200, true, true},
-                 {"x", 400, false, false}};
-    for (const Case& test : cases) {
-        SCOPED_TRACE(test.build);
-        const ReleaseDescription::Answer answer = described.answer(QString::fromLatin1(test.build));
-        EXPECT_EQ(answer.status, test.status);
-        if (test.status == 200) {
-            EXPECT_EQ(answer.body.value("update_available").toBool(), test.available);
-            EXPECT_EQ(answer.body.value("force_update").toBool(), test.forced);
-            EXPECT_EQ(answer.body.value("title").toObject().value("ru").toString(), "Обновление");
-            EXPECT_EQ(answer.body.value("download_url").toString(), "https://example.org/m.deb");
-        }
+    DeploymentConfiguration deployment;
+    deployment.updatesBaseUrl = baseUrl;
+    const auto check = [&](int build) {
+        deployment.currentBuild = build;
+        return AppUpdateClient(network, deployment, clock).check(UiLanguage::ru);
+    };
+    EXPECT_EQ(failureText(check(1)), "This server has no release description.");
+
+    QFile file(releasePath);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(R"({"latest_version":"1.4.0","latest_build":40,"min_supported_build":30,"sha256":"ab12",
+        "download_url":"https://example.org/m.deb","title":{"en":"Update","ru":"Обновление"}})");
+    file.close();
+    const std::tuple<int, bool, bool> cases[] = {{40, false, false}, {35, true, false}, {29, true, true}};
+    for (const auto& [build, available, forced] : cases) {
+        const AppUpdateSnapshot snapshot = AwaitTask::run(check(build));
+        EXPECT_EQ(snapshot.updateAvailable, available) << build;
+        EXPECT_EQ(snapshot.forceUpdate, forced) << build;
+        EXPECT_EQ(snapshot.title, "Обновление");
+        EXPECT_EQ(snapshot.downloadURL, QUrl("https://example.org/m.deb"));
     }
-    // Without a release file the server says so through the HTTP route.
-    QNetworkReply* reply = network.get(QNetworkRequest(QUrl(baseUrl + "/macos/app/version?current_build=3")));
-    ASSERT_TRUE(AwaitTask::until([&] { return reply->isFinished(); }));
-    EXPECT_EQ(reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), 503);
-    EXPECT_TRUE(reply->readAll().contains("no release description"));
-    delete reply;
+    QFile::remove(releasePath);
 }

@@ -9,6 +9,8 @@
 #include "backend/ReleaseDescription.h"
 #include "text/BackendRequest.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QNetworkAccessManager>
@@ -83,7 +85,9 @@ protected:
     TestClock clock;
     UpstreamChatClient chat{network, upstreamSettings()};
     AiEndpoint endpoint{clock, chat, settings()};
-    ReleaseDescription release{QString()};
+    const QString releasePath = QDir::temp().filePath(
+        QStringLiteral("mivora-backend-test-%1.json").arg(QCoreApplication::applicationPid()));
+    ReleaseDescription release{releasePath};
     BackendHttpServer server{clock, endpoint, release};
     GuardedTcpServer* listener = nullptr;
 };
