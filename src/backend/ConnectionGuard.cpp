@@ -91,7 +91,7 @@ std::optional<qint64> ConnectionGuard::bodyLength(const QByteArray& header) cons
     return length;
 }
 
-void ConnectionGuard::refuse(QByteArray statusLine, const QString& text)
+void ConnectionGuard::refuse(const QByteArray& statusLine, const QString& text)
 {
     m_refused = true;
     m_socket.readAll();

@@ -15,8 +15,8 @@ class ConnectionGuard : public QObject {
     Q_OBJECT
 public:
     struct Limits {
-        qint64 maxHeaderBytes = 16 * 1024;
-        qint64 maxBodyBytes = 256 * 1024;
+        qint64 maxHeaderBytes = qint64(16) * 1024;
+        qint64 maxBodyBytes = qint64(256) * 1024;
         // From the first byte of a request to its last.
         std::chrono::milliseconds requestTimeout{10'000};
         // A connection without a request in progress; longer than the slowest model answer.
@@ -28,7 +28,7 @@ public:
 
 private:
     void inspect();
-    void refuse(QByteArray statusLine, const QString& text);
+    void refuse(const QByteArray& statusLine, const QString& text);
     // The Content-Length of a complete header (0 when absent, over the limit when unreadable); none for a
     // chunked body, which is not accepted.
     std::optional<qint64> bodyLength(const QByteArray& header) const;

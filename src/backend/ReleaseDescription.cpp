@@ -33,7 +33,7 @@ ReleaseDescription::Answer ReleaseDescription::answer(const QString& currentBuil
     if (m_filePath.isEmpty() || !file.open(QIODevice::ReadOnly)) {
         return failure(503, QStringLiteral("This server has no release description."));
     }
-    const QJsonObject release = QJsonDocument::fromJson(file.read(1024 * 1024)).object();
+    const QJsonObject release = QJsonDocument::fromJson(file.read(qint64(1024) * 1024)).object();
     const std::optional<qint64> latest = wholeNumber(release.value(QLatin1StringView("latest_build")));
     if (!latest) {
         return failure(503, QStringLiteral("This server's release description is unreadable."));
