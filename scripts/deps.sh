@@ -6,7 +6,7 @@ set -euo pipefail
 
 packages=(
     cmake ninja-build g++ pkg-config ccache
-    qt6-base-dev qcoro-qt6-dev
+    qt6-base-dev qt6-httpserver-dev qcoro-qt6-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     libx11-dev libxtst-dev libxfixes-dev libxrandr-dev libxres-dev libx11-xcb-dev libxcb1-dev
     libxkbcommon-dev libxkbcommon-x11-dev

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QTimer>
+#include <chrono>
+#include <optional>
+
+class QTcpSocket;
+
+// Watches one connection before the HTTP server reads from it: a request must arrive whole within a short
+// time and within the size limits, and an idle connection is closed. An oversized body is refused with 413
+// without being read into memory.
+class ConnectionGuard : public QObject {
+    Q_OBJECT
+public:
+    struct Limits {
+        qint64 maxHeaderBytes = qint64(16) * 1024;
+        qint64 maxBodyBytes = qint64(256) * 1024;
+        // From the first byte of a request to its last.
+        std::chrono::milliseconds requestTimeout{10'000};
+        // A connection without a request in progress; longer than the slowest model answer.
+        std::chrono::milliseconds idleTimeout{75'000};
+    };
+
+    // Becomes a child of the socket; must be made before anyone else connects to its readyRead.
+    ConnectionGuard(QTcpSocket& socket, Limits limits);
+
+private:
+    void inspect();
+    void refuse(const QByteArray& statusLine, const QString& text);
+    // The Content-Length of a complete header (0 when absent, over the limit when unreadable); none for a
+    // chunked body, which is not accepted.
+    std::optional<qint64> bodyLength(const QByteArray& header) const;
+
+    QTcpSocket& m_socket;
+    Limits m_limits;
+    QTimer m_deadline;
+    QByteArray m_head;
+    qint64 m_received = 0;
+    qint64 m_expected = -1;
+    bool m_refused = false;
+};
