@@ -273,8 +273,9 @@ void AssistantPanel::refresh()
     m_composer->setVisible(!reply);
     m_contextToggle->setText(c.contextEnabled() ? c.text("Context on", "Контекст включен")
                                                 : c.text("Context", "Контекст"));
-    m_contextToggle->setIcon(
-        c.contextEnabled() ? SymbolIcons::icon(QStringLiteral("checkmark.circle.fill"), accent, 16) : QIcon());
+    m_contextToggle->setIcon(c.contextEnabled()
+                                 ? SymbolIcons::icon(QStringLiteral("checkmark.circle.fill"), accent, 16)
+                                 : QIcon());
     const bool hasContext = !c.contextText().trimmed().isEmpty();
     m_contextChars->setVisible(hasContext);
     m_contextChars->setText(QString::number(c.contextCharacterCount()) + c.text(" chars", " симв."));
@@ -283,8 +284,8 @@ void AssistantPanel::refresh()
     m_pasteResult->setToolTip(c.text("Paste result", "Вставить результат"));
     m_editor->setPlaceholder(c.text("Ask AI...", "Спросить AI..."));
     m_editor->setTextIfDifferent(c.requestText());
-    m_send->setIcon(
-        SymbolIcons::icon(running ? QStringLiteral("sparkles") : QStringLiteral("paperplane.fill"), accent, 16));
+    m_send->setIcon(SymbolIcons::icon(
+        running ? QStringLiteral("sparkles") : QStringLiteral("paperplane.fill"), accent, 16));
     m_send->setToolTip(c.text("Send", "Отправить"));
     m_send->setAccessibleName(m_send->toolTip());
     m_send->setEnabled(c.canSend());
@@ -348,8 +349,9 @@ void AssistantPanel::rebuildTranscript()
         m_transcriptLayout->addStretch(1);
         auto* icon = new QLabel(m_transcript);
         icon->setAlignment(Qt::AlignCenter);
-        icon->setPixmap(SymbolIcons::icon(QStringLiteral("sparkles"), palette().color(QPalette::Highlight), 28)
-                            .pixmap(28));
+        icon->setPixmap(
+            SymbolIcons::icon(QStringLiteral("sparkles"), palette().color(QPalette::Highlight), 28)
+                .pixmap(28));
         m_transcriptLayout->addWidget(icon);
         m_placeholder =
             new QLabel(c.isRunning() ? c.text("Writing reply...", "Готовлю ответ...")

@@ -178,8 +178,8 @@ void TranslationPreviewPanel::refresh()
         SymbolIcons::icon(QStringLiteral("translate"), palette().color(QPalette::Highlight), 16).pixmap(16));
     m_spinner->setVisible(running);
     const bool shown = c.sourceVisible();
-    m_sourceToggle->setIcon(
-        SymbolIcons::icon(shown ? QStringLiteral("sidebar.left") : QStringLiteral("sidebar.leading"), ink, 16));
+    m_sourceToggle->setIcon(SymbolIcons::icon(
+        shown ? QStringLiteral("sidebar.left") : QStringLiteral("sidebar.leading"), ink, 16));
     m_sourceToggle->setToolTip(shown ? c.text("Hide original", "Скрыть оригинал")
                                      : c.text("Show original", "Показать оригинал"));
     m_language->setToolTip(c.text("Language", "Язык"));
