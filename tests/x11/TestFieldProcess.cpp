@@ -108,6 +108,12 @@ std::optional<QString> TestFieldProcess::nextShortcut()
     return line ? std::optional(QString::fromUtf8(*line)) : std::nullopt;
 }
 
+std::optional<QString> TestFieldProcess::nextTextChange()
+{
+    const std::optional<QByteArray> line = nextLine("changed ");
+    return line ? std::optional(QString::fromUtf8(QByteArray::fromBase64(*line))) : std::nullopt;
+}
+
 bool TestFieldProcess::waitForFocus()
 {
     return spinUntil([&] { return ask("focus") == QStringLiteral("yes"); }, 10s);

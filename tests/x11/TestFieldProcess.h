@@ -41,6 +41,8 @@ public:
     // Waits for the application to report a key press with Control (lines "key ctrl A", "key shift ctrl C")
     // and returns it without the "key " prefix.
     std::optional<QString> nextShortcut();
+    // Waits for the next change of the field's text, as the application reports it unasked.
+    std::optional<QString> nextTextChange();
 
 private:
     std::optional<QByteArray> nextLine(const QByteArray& prefix);

@@ -116,6 +116,10 @@ int main(int argc, char** argv)
     field.setMinimumWidth(parser.value(minimumWidth).toInt());
     ShortcutReporter reporter(parser.isSet(ignoreCopy));
     field.installEventFilter(&reporter);
+    // Each change of the text is told unasked, so a test can follow a paste without asking a field that may
+    // be busy reading the clipboard.
+    QObject::connect(&field, &QLineEdit::textChanged,
+                     [](const QString& text) { reply("changed " + text.toUtf8().toBase64()); });
     field.show();
     // The field is its window's focus, whichever window was active first.
     field.setFocus();

@@ -6,6 +6,7 @@
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/XInput2.h>
+#include <optional>
 #include <unistd.h>
 
 X11GlobalInputMonitor::X11GlobalInputMonitor(X11EventPump& pump) : m_pump(pump)
@@ -99,19 +100,38 @@ void X11GlobalInputMonitor::handle(const XEvent& event)
     m_monitors.notify(seen);
 }
 
-void X11GlobalInputMonitor::readPointer(MonitoredInputEvent& event) const
-{
-    Display* display = m_pump.display();
-    Window root = 0;
+namespace {
+
+// Where the pointer is, which child of window it is over (0 for none) and the modifiers held.
+struct PointerState {
     Window child = 0;
+    QPoint position;
+    unsigned modifiers = 0;
+};
+
+std::optional<PointerState> queryPointer(Display* display, Window window)
+{
+    Window root = 0;
+    PointerState state;
     int rootX = 0;
     int rootY = 0;
     int x = 0;
     int y = 0;
-    unsigned mask = 0;
-    if (XQueryPointer(display, DefaultRootWindow(display), &root, &child, &rootX, &rootY, &x, &y, &mask)) {
-        event.pointer = QPoint(rootX, rootY);
-        event.optionHeld = (mask & Mod1Mask) != 0;
+    if (!XQueryPointer(display, window, &root, &state.child, &rootX, &rootY, &x, &y, &state.modifiers)) {
+        return std::nullopt;
+    }
+    state.position = QPoint(rootX, rootY);
+    return state;
+}
+
+} // namespace
+
+void X11GlobalInputMonitor::readPointer(MonitoredInputEvent& event) const
+{
+    Display* display = m_pump.display();
+    if (const std::optional<PointerState> state = queryPointer(display, DefaultRootWindow(display))) {
+        event.pointer = state->position;
+        event.optionHeld = (state->modifiers & Mod1Mask) != 0;
     }
 }
 
@@ -123,17 +143,11 @@ bool X11GlobalInputMonitor::pointerOverOwnWindow() const
     // down to the client window that names its process.
     Window window = DefaultRootWindow(display);
     for (int depth = 0; depth < 4; ++depth) {
-        Window root = 0;
-        Window child = 0;
-        int rootX = 0;
-        int rootY = 0;
-        int x = 0;
-        int y = 0;
-        unsigned mask = 0;
-        if (!XQueryPointer(display, window, &root, &child, &rootX, &rootY, &x, &y, &mask) || child == 0) {
+        const std::optional<PointerState> state = queryPointer(display, window);
+        if (!state || state->child == 0) {
             return false;
         }
-        window = child;
+        window = state->child;
         if (isOwnWindow(window)) {
             return true;
         }
