@@ -7,7 +7,7 @@
 #include "core/UiLanguage.h"
 #include "panels/KeyPanelSurface.h"
 #include "panels/LazyPanel.h"
-#include "panels/RememberedPanelSize.h"
+#include "panels/SavedPanelSize.h"
 
 #include <QDateTime>
 #include <QList>
@@ -128,7 +128,7 @@ private:
 
     Services m_services;
     LazyPanel<KeyPanelSurface> m_surface;
-    RememberedPanelSize m_size;
+    SavedPanelSize m_size;
 
     QString m_contextText;
     bool m_contextEnabled = false;

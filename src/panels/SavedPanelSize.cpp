@@ -29,15 +29,16 @@ QSize SavedPanelSize::load() const
 {
     const auto width = storedDimension(m_defaults, m_widthKey);
     const auto height = storedDimension(m_defaults, m_heightKey);
-    if (!width || !height) {
-        return clamped(m_limits.fallback);
+    if (!width || !height || *width < m_limits.minimum.width() || *height < m_limits.minimum.height()) {
+        return m_limits.fallback;
     }
-    return clamped(QSize(int(std::lround(*width)), int(std::lround(*height))));
+    return {int(std::lround(std::min(*width, double(m_limits.maximum.width())))),
+            int(std::lround(std::min(*height, double(m_limits.maximum.height()))))};
 }
 
 void SavedPanelSize::save(QSize size)
 {
-    const QSize kept = clamped(size);
+    const QSize kept = size.expandedTo(m_limits.minimum);
     // Panels save at every hide; an unchanged size writes nothing, since a write may cost a whole file.
     if (storedDimension(m_defaults, m_widthKey) == double(kept.width()) &&
         storedDimension(m_defaults, m_heightKey) == double(kept.height())) {
@@ -45,10 +46,4 @@ void SavedPanelSize::save(QSize size)
     }
     m_defaults.setValue(m_widthKey, double(kept.width()));
     m_defaults.setValue(m_heightKey, double(kept.height()));
-}
-
-QSize SavedPanelSize::clamped(QSize size) const
-{
-    return {std::clamp(size.width(), m_limits.minimum.width(), m_limits.maximum.width()),
-            std::clamp(size.height(), m_limits.minimum.height(), m_limits.maximum.height())};
 }

@@ -5,8 +5,9 @@
 
 class DefaultsStore;
 
-// A panel's size as the user left it, kept under "<prefix>.width" and "<prefix>.height" as doubles and
-// always within the panel's own limits. GUI thread.
+// A panel's size as the user left it, kept under "<prefix>.width" and "<prefix>.height" as doubles. A stored
+// size short of the minimum on either side is not trusted: the panel opens at its fallback instead of being
+// stretched; one beyond the maximum opens capped. GUI thread.
 class SavedPanelSize {
 public:
     struct Limits {
@@ -17,15 +18,13 @@ public:
 
     SavedPanelSize(DefaultsStore& defaults, const QString& keyPrefix, Limits limits);
 
-    // The stored size clamped to the limits; the fallback when nothing usable is stored.
+    // The stored size capped at the maximum when both sides reach the minimum; the fallback otherwise.
     QSize load() const;
-    // Stores the size clamped to the limits.
+    // Stores the size, raised to the minimum.
     void save(QSize size);
     const Limits& limits() const { return m_limits; }
 
 private:
-    QSize clamped(QSize size) const;
-
     DefaultsStore& m_defaults;
     QString m_widthKey;
     QString m_heightKey;

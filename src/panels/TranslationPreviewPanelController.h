@@ -6,7 +6,7 @@
 #include "core/UiLanguage.h"
 #include "panels/KeyPanelSurface.h"
 #include "panels/LazyPanel.h"
-#include "panels/RememberedPanelSize.h"
+#include "panels/SavedPanelSize.h"
 
 #include <QObject>
 #include <QPointer>
@@ -89,7 +89,7 @@ private:
 
     Services m_services;
     LazyPanel<KeyPanelSurface> m_surface;
-    RememberedPanelSize m_size;
+    SavedPanelSize m_size;
 
     QString m_sourceText;
     QString m_resultText;

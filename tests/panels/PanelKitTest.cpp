@@ -34,7 +34,7 @@ TEST(PanelPlacementTest, OpensBesideThePointerAndStaysOnTheScreen)
               QPoint(720 - 130, 900 - 82 - 72));
 }
 
-TEST(SavedPanelSizeTest, ClampsWhatIsStoredAndFallsBackOnGarbage)
+TEST(SavedPanelSizeTest, CapsALargeSizeAndDistrustsASmallOneOrGarbage)
 {
     MemoryDefaultsStore defaults;
     SavedPanelSize size(defaults, QStringLiteral("mivora.clipboardPanel"),
@@ -42,9 +42,12 @@ TEST(SavedPanelSizeTest, ClampsWhatIsStoredAndFallsBackOnGarbage)
     EXPECT_EQ(size.load(), QSize(380, 520));
 
     size.save(QSize(2000, 100));
-    EXPECT_EQ(defaults.value(QStringLiteral("mivora.clipboardPanel.width")).toDouble(), 760.0);
+    EXPECT_EQ(defaults.value(QStringLiteral("mivora.clipboardPanel.width")).toDouble(), 2000.0);
     EXPECT_EQ(defaults.value(QStringLiteral("mivora.clipboardPanel.height")).toDouble(), 380.0);
     EXPECT_EQ(size.load(), QSize(760, 380));
+
+    defaults.setValue(QStringLiteral("mivora.clipboardPanel.width"), 339.0);
+    EXPECT_EQ(size.load(), QSize(380, 520)) << "short of the minimum on one side";
 
     defaults.setValue(QStringLiteral("mivora.clipboardPanel.width"), QStringLiteral("wide"));
     EXPECT_EQ(size.load(), QSize(380, 520));

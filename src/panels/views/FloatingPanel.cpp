@@ -65,8 +65,8 @@ void FloatingPanel::keepSizeIn(std::unique_ptr<SavedPanelSize> savedSize)
         return;
     }
     const SavedPanelSize::Limits& limits = m_savedSize->limits();
+    // The maximum only caps a restored size: the user may make the panel larger while it is shown.
     setMinimumSize(limits.minimum);
-    setMaximumSize(limits.maximum);
     resize(m_savedSize->load());
 }
 
