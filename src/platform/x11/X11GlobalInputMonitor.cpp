@@ -78,19 +78,19 @@ void X11GlobalInputMonitor::handle(const XEvent& event)
         const int button = static_cast<const XIRawEvent*>(copy.xcookie.data)->detail;
         XFreeEventData(display, &copy.xcookie);
         const bool pressed = event.xcookie.evtype == XI_RawButtonPress;
+        // Only the left button's release ends a gesture anyone watches, and buttons 4 to 7 are the wheel:
+        // scrolling is no click.
+        const bool wheel = button >= 4 && button <= 7;
+        if ((!pressed && button != 1) || wheel) {
+            return;
+        }
         if (button == 1) {
             seen.kind =
                 pressed ? MonitoredInputEvent::Kind::leftMouseDown : MonitoredInputEvent::Kind::leftMouseUp;
-        } else if (!pressed) {
-            // Only the left button's release ends a gesture anyone watches.
-            return;
         } else if (button == 3) {
             seen.kind = MonitoredInputEvent::Kind::rightMouseDown;
-        } else if (button == 2 || button > 7) {
-            seen.kind = MonitoredInputEvent::Kind::otherMouseDown;
         } else {
-            // Buttons 4 to 7 are the wheel: scrolling is no click.
-            return;
+            seen.kind = MonitoredInputEvent::Kind::otherMouseDown;
         }
         if (pointerOverOwnWindow()) {
             return;
