@@ -102,10 +102,11 @@ protected:
     TestFieldProcess field;
 };
 
-// Disabled in the suite: it clicks the panel at fixed pixel positions after fixed pauses, and about one run in
-// four the paste does not reach the field (seen both after the double click and after Return on the note).
+// Disabled in the suite: it clicks the panel at fixed pixel positions after fixed pauses, and about one run
+// in four the paste does not reach the field (seen both after the double click and after Return on the note).
 // Run it by hand with --gtest_also_run_disabled_tests until that is found.
-TEST_F(ClipboardPanelEndToEndTest, DISABLED_SearchedItemPastesOnDoubleClickAndBecomesANoteThatOutlivesARestart)
+TEST_F(ClipboardPanelEndToEndTest,
+       DISABLED_SearchedItemPastesOnDoubleClickAndBecomesANoteThatOutlivesARestart)
 {
     for (const char* text : {"alpha one", "beta two", "gamma three"}) {
         copy(QString::fromUtf8(text));
