@@ -106,6 +106,12 @@ void FloatingPanel::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
 }
 
+QColor FloatingPanel::ink() const
+{
+    // The tinted appearances are dark glass whatever the scheme; only the system one follows the palette.
+    return m_appearance == AppearanceMode::system ? palette().color(QPalette::WindowText) : QColor(Qt::white);
+}
+
 bool FloatingPanel::event(QEvent* event)
 {
     // The first paint after a show comes once the window manager has mapped the window.

@@ -46,6 +46,8 @@ public:
     void showNearMouse();
 
 protected:
+    // The colour of text and symbols on the sheet.
+    QColor ink() const;
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;

@@ -66,12 +66,6 @@ QuickActionPanel::QuickActionPanel(QuickPanelController& controller, FloatingWin
     rebuildRows();
 }
 
-QColor QuickActionPanel::ink() const
-{
-    // The tinted appearances are dark glass whatever the scheme; only the system one follows the palette.
-    return appearance() == AppearanceMode::system ? palette().color(QPalette::WindowText) : QColor(Qt::white);
-}
-
 void QuickActionPanel::rebuildRows()
 {
     if (!m_appState) {

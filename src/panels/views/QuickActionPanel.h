@@ -28,7 +28,6 @@ protected:
 
 private:
     void rebuildRows();
-    QColor ink() const;
 
     QuickPanelController& m_controller;
     QPointer<MivoraAppState> m_appState;

@@ -75,9 +75,7 @@ void StatusHUDPanel::paintEvent(QPaintEvent* event)
     FloatingPanel::paintEvent(event);
     QPainter painter(this);
 
-    // The tinted appearances are dark glass whatever the scheme; only the system one follows the palette.
-    const QColor ink =
-        appearance() == AppearanceMode::system ? palette().color(QPalette::WindowText) : Qt::white;
+    const QColor ink = FloatingPanel::ink();
     QColor tone = toneColor(m_content.tone);
     if (m_content.tone == StatusHUDContent::Tone::secondary) {
         tone = ink;
