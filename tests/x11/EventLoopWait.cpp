@@ -74,6 +74,13 @@ bool windowShown(const QString& title)
         .has_value();
 }
 
+bool windowFocused(const QString& title)
+{
+    const std::optional<QByteArray> name = runTool(
+        QStringLiteral("xdotool"), {QStringLiteral("getwindowfocus"), QStringLiteral("getwindowname")});
+    return name && QString::fromUtf8(name->trimmed()) == title;
+}
+
 bool startTrayHost(QProcess& host)
 {
     host.start(QStringLiteral("trayer"),

@@ -30,6 +30,8 @@ std::optional<QString> findWindow(const QStringList& criteria,
                                   std::chrono::milliseconds guard = std::chrono::seconds(10));
 // Whether a visible window has exactly this title.
 bool windowShown(const QString& title);
+// Whether the window with the input focus has exactly this title.
+bool windowFocused(const QString& title);
 // Starts a tray host (trayer) docked at the top right in host and waits until it can take tray icons.
 bool startTrayHost(QProcess& host);
 // The CLIPBOARD selection in this type as an independent client reads it; this process keeps serving it.
