@@ -1,0 +1,35 @@
+#pragma once
+// https://developer.apple.com/documentation/foundation/collections
+
+#include <Foundation/NSObject.h>
+
+// https://developer.apple.com/documentation/foundation/nsarray
+@interface NSArray<__covariant ObjectType> : NSObject
+@property(readonly) NSUInteger count;
+// https://developer.apple.com/documentation/foundation/nsarray/1417555-objectatindex
+- (ObjectType)objectAtIndex:(NSUInteger)index;
+// https://developer.apple.com/documentation/foundation/nsarray/1415405-objectatindexedsubscript
+- (ObjectType)objectAtIndexedSubscript:(NSUInteger)index;
+// https://developer.apple.com/documentation/foundation/nsarray/1460068-arraywithobjects
++ (instancetype)arrayWithObjects:(const ObjectType[])objects count:(NSUInteger)count;
+@end
+
+// https://developer.apple.com/documentation/foundation/nsdictionary
+@interface NSDictionary<__covariant KeyType, __covariant ObjectType> : NSObject
+// https://developer.apple.com/documentation/foundation/nsdictionary/1414347-objectforkey
+- (ObjectType)objectForKey:(KeyType)key;
+// https://developer.apple.com/documentation/foundation/nsdictionary/1535374-objectforkeyedsubscript
+- (ObjectType)objectForKeyedSubscript:(KeyType)key;
+// https://developer.apple.com/documentation/foundation/nsdictionary/1574184-dictionarywithobjects
++ (instancetype)dictionaryWithObjects:(const ObjectType[])objects
+                              forKeys:(const KeyType<NSCopying>[])keys
+                                count:(NSUInteger)count;
+@end
+
+// https://developer.apple.com/documentation/foundation/nsnumber
+@interface NSNumber : NSObject <NSCopying>
+// https://developer.apple.com/documentation/foundation/nsnumber/1551475-numberwithbool
++ (NSNumber*)numberWithBool:(BOOL)value;
+// https://developer.apple.com/documentation/foundation/nsnumber/1410865-boolvalue
+@property(readonly) BOOL boolValue;
+@end
