@@ -20,6 +20,7 @@
 #include "platform/SystemSurfaceSignals.h"
 #include "platform/Updater.h"
 #include "platform/UrlOpener.h"
+#include "platform/mac/MacPasteboard.h"
 #include "platform/mac/MacSystemBell.h"
 
 // Nothing shared between the macOS services: each reaches its framework directly.
@@ -34,6 +35,7 @@ PlatformServices PlatformServices::create(Clock& /*clock*/)
 {
     PlatformServices services;
     services.m_shared = std::make_unique<Shared>();
+    services.pasteboard = std::make_unique<MacPasteboard>();
     services.bell = std::make_unique<MacSystemBell>();
     return services;
 }

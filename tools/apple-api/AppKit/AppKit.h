@@ -3,3 +3,5 @@
 
 #include <Foundation/Foundation.h>
 #include <AppKit/NSSound.h>
+#include <AppKit/NSPasteboard.h>
+#include <AppKit/NSPasteboardItem.h>
