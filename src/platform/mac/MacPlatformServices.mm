@@ -20,7 +20,10 @@
 #include "platform/SystemSurfaceSignals.h"
 #include "platform/Updater.h"
 #include "platform/UrlOpener.h"
+#include "platform/mac/MacModifierKeyState.h"
 #include "platform/mac/MacPasteboard.h"
+#include "platform/mac/MacPrimarySelection.h"
+#include "platform/mac/MacSyntheticKeyboard.h"
 #include "platform/mac/MacSystemBell.h"
 
 // Nothing shared between the macOS services: each reaches its framework directly.
@@ -36,6 +39,9 @@ PlatformServices PlatformServices::create(Clock& /*clock*/)
     PlatformServices services;
     services.m_shared = std::make_unique<Shared>();
     services.pasteboard = std::make_unique<MacPasteboard>();
+    services.primarySelection = std::make_unique<MacPrimarySelection>();
+    services.keyboard = std::make_unique<MacSyntheticKeyboard>();
+    services.modifiers = std::make_unique<MacModifierKeyState>();
     services.bell = std::make_unique<MacSystemBell>();
     return services;
 }
