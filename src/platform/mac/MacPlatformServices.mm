@@ -20,6 +20,7 @@
 #include "platform/SystemSurfaceSignals.h"
 #include "platform/Updater.h"
 #include "platform/UrlOpener.h"
+#include "platform/mac/MacInputSources.h"
 #include "platform/mac/MacModifierKeyState.h"
 #include "platform/mac/MacPasteboard.h"
 #include "platform/mac/MacPrimarySelection.h"
@@ -38,6 +39,7 @@ PlatformServices PlatformServices::create(Clock& /*clock*/)
 {
     PlatformServices services;
     services.m_shared = std::make_unique<Shared>();
+    services.inputSources = std::make_unique<MacInputSources>();
     services.pasteboard = std::make_unique<MacPasteboard>();
     services.primarySelection = std::make_unique<MacPrimarySelection>();
     services.keyboard = std::make_unique<MacSyntheticKeyboard>();
