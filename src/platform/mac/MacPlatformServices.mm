@@ -20,6 +20,7 @@
 #include "platform/SystemSurfaceSignals.h"
 #include "platform/Updater.h"
 #include "platform/UrlOpener.h"
+#include "platform/mac/MacHotkeyRegistrar.h"
 #include "platform/mac/MacInputSources.h"
 #include "platform/mac/MacModifierKeyState.h"
 #include "platform/mac/MacPasteboard.h"
@@ -44,6 +45,7 @@ PlatformServices PlatformServices::create(Clock& /*clock*/)
     services.primarySelection = std::make_unique<MacPrimarySelection>();
     services.keyboard = std::make_unique<MacSyntheticKeyboard>();
     services.modifiers = std::make_unique<MacModifierKeyState>();
+    services.hotkeyRegistrar = std::make_unique<MacHotkeyRegistrar>();
     services.bell = std::make_unique<MacSystemBell>();
     return services;
 }

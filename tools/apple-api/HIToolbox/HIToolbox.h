@@ -5,3 +5,5 @@
 #include <MacTypes.h>
 #include <HIToolbox/Events.h>
 #include <HIToolbox/TextInputSources.h>
+#include <HIToolbox/CarbonEventsCore.h>
+#include <HIToolbox/CarbonEvents.h>
