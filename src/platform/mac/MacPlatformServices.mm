@@ -21,6 +21,7 @@
 #include "platform/Updater.h"
 #include "platform/UrlOpener.h"
 #include "platform/mac/MacHotkeyRegistrar.h"
+#include "platform/mac/MacInputEventMonitor.h"
 #include "platform/mac/MacInputSources.h"
 #include "platform/mac/MacModifierKeyState.h"
 #include "platform/mac/MacPasteboard.h"
@@ -46,6 +47,8 @@ PlatformServices PlatformServices::create(Clock& /*clock*/)
     services.keyboard = std::make_unique<MacSyntheticKeyboard>();
     services.modifiers = std::make_unique<MacModifierKeyState>();
     services.hotkeyRegistrar = std::make_unique<MacHotkeyRegistrar>();
+    services.globalInput =
+        std::make_unique<MacInputEventMonitor>(MacInputEventMonitor::Scope::otherApplications);
     services.bell = std::make_unique<MacSystemBell>();
     return services;
 }

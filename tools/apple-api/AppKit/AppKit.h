@@ -5,3 +5,4 @@
 #include <AppKit/NSSound.h>
 #include <AppKit/NSPasteboard.h>
 #include <AppKit/NSPasteboardItem.h>
+#include <AppKit/NSEvent.h>
