@@ -20,6 +20,13 @@
 #include "platform/SystemSurfaceSignals.h"
 #include "platform/Updater.h"
 #include "platform/UrlOpener.h"
+#include "platform/mac/MacHotkeyRegistrar.h"
+#include "platform/mac/MacInputEventMonitor.h"
+#include "platform/mac/MacInputSources.h"
+#include "platform/mac/MacModifierKeyState.h"
+#include "platform/mac/MacPasteboard.h"
+#include "platform/mac/MacPrimarySelection.h"
+#include "platform/mac/MacSyntheticKeyboard.h"
 #include "platform/mac/MacSystemBell.h"
 
 // Nothing shared between the macOS services: each reaches its framework directly.
@@ -34,6 +41,14 @@ PlatformServices PlatformServices::create(Clock& /*clock*/)
 {
     PlatformServices services;
     services.m_shared = std::make_unique<Shared>();
+    services.inputSources = std::make_unique<MacInputSources>();
+    services.pasteboard = std::make_unique<MacPasteboard>();
+    services.primarySelection = std::make_unique<MacPrimarySelection>();
+    services.keyboard = std::make_unique<MacSyntheticKeyboard>();
+    services.modifiers = std::make_unique<MacModifierKeyState>();
+    services.hotkeyRegistrar = std::make_unique<MacHotkeyRegistrar>();
+    services.globalInput =
+        std::make_unique<MacInputEventMonitor>(MacInputEventMonitor::Scope::otherApplications);
     services.bell = std::make_unique<MacSystemBell>();
     return services;
 }

@@ -3,3 +3,6 @@
 
 #include <Foundation/Foundation.h>
 #include <AppKit/NSSound.h>
+#include <AppKit/NSPasteboard.h>
+#include <AppKit/NSPasteboardItem.h>
+#include <AppKit/NSEvent.h>

@@ -65,3 +65,5 @@ extern const CFStringRef kCFRunLoopCommonModes;
 // https://developer.apple.com/documentation/foundation/1587937-cfbridgingretain
 #define CFBridgingRetain(object) ((__bridge_retained CFTypeRef)(object))
 #endif
+#include <CoreFoundation/CFData.h>
+#include <CoreFoundation/CFNotificationCenter.h>

@@ -5,3 +5,4 @@
 #include <Foundation/NSObject.h>
 #include <Foundation/NSString.h>
 #include <Foundation/NSCollections.h>
+#include <Foundation/NSData.h>

@@ -33,3 +33,9 @@
 // https://developer.apple.com/documentation/foundation/nsnumber/1410865-boolvalue
 @property(readonly) BOOL boolValue;
 @end
+
+// https://developer.apple.com/documentation/foundation/nsmutablearray
+@interface NSMutableArray<ObjectType> : NSArray<ObjectType>
+// https://developer.apple.com/documentation/foundation/nsmutablearray/addobject(_:)
+- (void)addObject:(ObjectType)object;
+@end

@@ -14,6 +14,11 @@ typedef unsigned long NSUInteger;
 // https://developer.apple.com/documentation/objectivec/sel
 typedef struct objc_selector* SEL;
 
+// https://developer.apple.com/documentation/objectivec/nil
+#define nil nullptr
+
+@class NSString;
+
 // https://developer.apple.com/documentation/objectivec/nsobject
 __attribute__((objc_root_class))
 @interface NSObject

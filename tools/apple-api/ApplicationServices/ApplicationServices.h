@@ -1,0 +1,5 @@
+#pragma once
+// Application Services: https://developer.apple.com/documentation/applicationservices
+
+#include <CoreFoundation/CoreFoundation.h>
+#include <CoreGraphics/CoreGraphics.h>

@@ -1,0 +1,10 @@
+#pragma once
+// Core Graphics: https://developer.apple.com/documentation/coregraphics
+
+#include <CoreFoundation/CoreFoundation.h>
+#include <CoreGraphics/CGBase.h>
+#include <CoreGraphics/CGGeometry.h>
+#include <CoreGraphics/CGRemoteOperation.h>
+#include <CoreGraphics/CGEventTypes.h>
+#include <CoreGraphics/CGEvent.h>
+#include <CoreGraphics/CGEventSource.h>
