@@ -20,6 +20,10 @@
 #include "platform/SystemSurfaceSignals.h"
 #include "platform/Updater.h"
 #include "platform/UrlOpener.h"
+#include "platform/mac/MacApplicationCatalog.h"
+#include "platform/mac/MacApplicationWorkspace.h"
+#include "platform/mac/MacPermissionProbe.h"
+#include "platform/mac/MacProcessRunner.h"
 #include "platform/mac/MacSystemBell.h"
 
 // Nothing shared between the macOS services: each reaches its framework directly.
@@ -34,6 +38,10 @@ PlatformServices PlatformServices::create(Clock& /*clock*/)
 {
     PlatformServices services;
     services.m_shared = std::make_unique<Shared>();
+    services.workspace = std::make_unique<MacApplicationWorkspace>();
+    services.applications = std::make_unique<MacApplicationCatalog>();
+    services.permissions = std::make_unique<MacPermissionProbe>();
+    services.processRunner = std::make_unique<MacProcessRunner>();
     services.bell = std::make_unique<MacSystemBell>();
     return services;
 }

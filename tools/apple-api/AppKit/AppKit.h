@@ -3,3 +3,6 @@
 
 #include <Foundation/Foundation.h>
 #include <AppKit/NSSound.h>
+#include <AppKit/NSRunningApplication.h>
+#include <AppKit/NSWorkspace.h>
+#include <AppKit/NSApplication.h>

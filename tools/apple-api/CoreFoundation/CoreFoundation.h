@@ -25,6 +25,8 @@ typedef struct __CFRunLoop* CFRunLoopRef;
 typedef struct __CFRunLoopSource* CFRunLoopSourceRef;
 // https://developer.apple.com/documentation/corefoundation/cfallocator
 typedef const struct __CFAllocator* CFAllocatorRef;
+// https://developer.apple.com/documentation/corefoundation/boolean
+typedef unsigned char Boolean;
 
 extern "C" {
 // https://developer.apple.com/documentation/corefoundation/1521153-cfrelease

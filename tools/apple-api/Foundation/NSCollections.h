@@ -12,6 +12,8 @@
 - (ObjectType)objectAtIndexedSubscript:(NSUInteger)index;
 // https://developer.apple.com/documentation/foundation/nsarray/1460068-arraywithobjects
 + (instancetype)arrayWithObjects:(const ObjectType[])objects count:(NSUInteger)count;
+// https://developer.apple.com/documentation/foundation/nsarray/1408107-firstobject
+@property(readonly) ObjectType firstObject;
 @end
 
 // https://developer.apple.com/documentation/foundation/nsdictionary
