@@ -20,6 +20,7 @@
 #include "platform/SystemSurfaceSignals.h"
 #include "platform/Updater.h"
 #include "platform/UrlOpener.h"
+#include "platform/mac/MacAccessibilityTree.h"
 #include "platform/mac/MacApplicationCatalog.h"
 #include "platform/mac/MacApplicationWorkspace.h"
 #include "platform/mac/MacPermissionProbe.h"
@@ -40,6 +41,7 @@ PlatformServices PlatformServices::create(Clock& /*clock*/)
     services.m_shared = std::make_unique<Shared>();
     services.workspace = std::make_unique<MacApplicationWorkspace>();
     services.applications = std::make_unique<MacApplicationCatalog>();
+    services.accessibility = std::make_unique<MacAccessibilityTree>();
     services.permissions = std::make_unique<MacPermissionProbe>();
     services.processRunner = std::make_unique<MacProcessRunner>();
     services.bell = std::make_unique<MacSystemBell>();

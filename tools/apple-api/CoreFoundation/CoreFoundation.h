@@ -27,6 +27,10 @@ typedef struct __CFRunLoopSource* CFRunLoopSourceRef;
 typedef const struct __CFAllocator* CFAllocatorRef;
 // https://developer.apple.com/documentation/corefoundation/boolean
 typedef unsigned char Boolean;
+// https://developer.apple.com/documentation/corefoundation/cfnumbertype
+typedef CFIndex CFNumberType;
+// https://developer.apple.com/documentation/corefoundation/cfnumbertype/kcfnumberdoubletype
+enum : CFNumberType { kCFNumberDoubleType = 13 };
 
 extern "C" {
 // https://developer.apple.com/documentation/corefoundation/1521153-cfrelease
@@ -59,7 +63,14 @@ extern const CFAllocatorRef kCFAllocatorDefault;
 CFRunLoopRef CFRunLoopGetMain(void);
 // https://developer.apple.com/documentation/corefoundation/kcfrunloopcommonmodes
 extern const CFStringRef kCFRunLoopCommonModes;
+// https://developer.apple.com/documentation/corefoundation/1521287-cfequal
+Boolean CFEqual(CFTypeRef first, CFTypeRef second);
+// https://developer.apple.com/documentation/corefoundation/1543114-cfnumbergetvalue
+Boolean CFNumberGetValue(CFNumberRef number, CFNumberType theType, void* valuePtr);
 }
+
+// https://developer.apple.com/documentation/corefoundation/cfstr
+#define CFSTR(cStr) ((CFStringRef)__builtin___CFStringMakeConstantString("" cStr ""))
 
 #if defined(__OBJC__)
 // https://developer.apple.com/documentation/foundation/1587932-cfbridgingrelease

@@ -34,4 +34,8 @@
 + (NSNumber*)numberWithBool:(BOOL)value;
 // https://developer.apple.com/documentation/foundation/nsnumber/1410865-boolvalue
 @property(readonly) BOOL boolValue;
+// https://developer.apple.com/documentation/foundation/nsnumber/1551463-numberwithdouble
++ (NSNumber*)numberWithDouble:(double)value;
+// https://developer.apple.com/documentation/foundation/nsnumber/1551470-numberwithint
++ (NSNumber*)numberWithInt:(int)value;
 @end

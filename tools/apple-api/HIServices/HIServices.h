@@ -2,4 +2,6 @@
 // The accessibility part of Application Services:
 // https://developer.apple.com/documentation/applicationservices/axuielement_h
 
+#include <HIServices/AXError.h>
+#include <HIServices/AXValue.h>
 #include <HIServices/AXUIElement.h>

@@ -1,0 +1,4 @@
+#pragma once
+
+// https://developer.apple.com/documentation/corefoundation/cgfloat
+typedef double CGFloat;

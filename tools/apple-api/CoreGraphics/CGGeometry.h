@@ -1,0 +1,25 @@
+#pragma once
+
+#include <CoreFoundation/CoreFoundation.h>
+#include <CoreGraphics/CGBase.h>
+
+// https://developer.apple.com/documentation/corefoundation/cgpoint
+struct CGPoint {
+    CGFloat x;
+    CGFloat y;
+};
+typedef struct CGPoint CGPoint;
+
+// https://developer.apple.com/documentation/corefoundation/cgsize
+struct CGSize {
+    CGFloat width;
+    CGFloat height;
+};
+typedef struct CGSize CGSize;
+
+extern "C" {
+// https://developer.apple.com/documentation/coregraphics/1455245-cgpointmake
+CGPoint CGPointMake(CGFloat x, CGFloat y);
+// https://developer.apple.com/documentation/coregraphics/1455082-cgsizemake
+CGSize CGSizeMake(CGFloat width, CGFloat height);
+}
