@@ -23,6 +23,8 @@
 #include "platform/mac/MacAccessibilityTree.h"
 #include "platform/mac/MacApplicationCatalog.h"
 #include "platform/mac/MacApplicationWorkspace.h"
+#include "platform/mac/MacDesktopWindows.h"
+#include "platform/mac/MacDisplayControl.h"
 #include "platform/mac/MacPermissionProbe.h"
 #include "platform/mac/MacProcessRunner.h"
 #include "platform/mac/MacSystemBell.h"
@@ -44,6 +46,8 @@ PlatformServices PlatformServices::create(Clock& /*clock*/)
     services.accessibility = std::make_unique<MacAccessibilityTree>();
     services.permissions = std::make_unique<MacPermissionProbe>();
     services.processRunner = std::make_unique<MacProcessRunner>();
+    services.desktopWindows = std::make_unique<MacDesktopWindows>();
+    services.displays = std::make_unique<MacDisplayControl>();
     services.bell = std::make_unique<MacSystemBell>();
     return services;
 }

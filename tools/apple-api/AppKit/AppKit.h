@@ -6,3 +6,4 @@
 #include <AppKit/NSRunningApplication.h>
 #include <AppKit/NSWorkspace.h>
 #include <AppKit/NSApplication.h>
+#include <AppKit/NSScreen.h>

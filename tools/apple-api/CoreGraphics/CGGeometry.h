@@ -17,9 +17,22 @@ struct CGSize {
 };
 typedef struct CGSize CGSize;
 
+// https://developer.apple.com/documentation/corefoundation/cgrect
+struct CGRect {
+    CGPoint origin;
+    CGSize size;
+};
+typedef struct CGRect CGRect;
+
 extern "C" {
+// https://developer.apple.com/documentation/coregraphics/cgrectzero
+extern const CGRect CGRectZero;
 // https://developer.apple.com/documentation/coregraphics/1455245-cgpointmake
 CGPoint CGPointMake(CGFloat x, CGFloat y);
 // https://developer.apple.com/documentation/coregraphics/1455082-cgsizemake
 CGSize CGSizeMake(CGFloat width, CGFloat height);
+// https://developer.apple.com/documentation/coregraphics/1455245-cgrectmake
+CGRect CGRectMake(CGFloat x, CGFloat y, CGFloat width, CGFloat height);
+// https://developer.apple.com/documentation/coregraphics/1455245-cgrectmakewithdictionaryrepresentation
+bool CGRectMakeWithDictionaryRepresentation(CFDictionaryRef dict, CGRect* rect);
 }

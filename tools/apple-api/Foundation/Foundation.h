@@ -5,6 +5,7 @@
 #include <Foundation/NSObject.h>
 #include <Foundation/NSString.h>
 #include <Foundation/NSCollections.h>
+#include <Foundation/NSGeometry.h>
 #include <Foundation/NSData.h>
 #include <Foundation/NSError.h>
 #include <Foundation/NSURL.h>

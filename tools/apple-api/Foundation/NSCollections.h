@@ -38,4 +38,10 @@
 + (NSNumber*)numberWithDouble:(double)value;
 // https://developer.apple.com/documentation/foundation/nsnumber/1551470-numberwithint
 + (NSNumber*)numberWithInt:(int)value;
+// https://developer.apple.com/documentation/foundation/nsnumber/1407153-intvalue
+@property(readonly) int intValue;
+// https://developer.apple.com/documentation/foundation/nsnumber/1417875-unsignedintvalue
+@property(readonly) unsigned int unsignedIntValue;
+// https://developer.apple.com/documentation/foundation/nsnumber/1414104-doublevalue
+@property(readonly) double doubleValue;
 @end

@@ -5,3 +5,5 @@
 #include <HIServices/AXError.h>
 #include <HIServices/AXValue.h>
 #include <HIServices/AXUIElement.h>
+#include <HIServices/AXAttributeConstants.h>
+#include <HIServices/AXRoleConstants.h>
