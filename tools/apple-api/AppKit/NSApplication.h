@@ -4,7 +4,7 @@
 
 // https://developer.apple.com/documentation/appkit/nsapplication
 @interface NSApplication : NSObject
-// https://developer.apple.com/documentation/appkit/nsapplication/1428428-deactivate
+// https://developer.apple.com/documentation/appkit/nsapplication/deactivate()
 - (void)deactivate;
 @end
 

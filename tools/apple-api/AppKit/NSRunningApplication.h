@@ -12,20 +12,20 @@ typedef NSUInteger NSApplicationActivationOptions;
 
 // https://developer.apple.com/documentation/appkit/nsrunningapplication
 @interface NSRunningApplication : NSObject
-// https://developer.apple.com/documentation/appkit/nsrunningapplication/1529707-processidentifier
+// https://developer.apple.com/documentation/appkit/nsrunningapplication/processidentifier
 @property(readonly) pid_t processIdentifier;
-// https://developer.apple.com/documentation/appkit/nsrunningapplication/1529140-bundleidentifier
+// https://developer.apple.com/documentation/appkit/nsrunningapplication/bundleidentifier
 @property(readonly, copy) NSString* bundleIdentifier;
-// https://developer.apple.com/documentation/appkit/nsrunningapplication/1526751-localizedname
+// https://developer.apple.com/documentation/appkit/nsrunningapplication/localizedname
 @property(readonly, copy) NSString* localizedName;
-// https://developer.apple.com/documentation/appkit/nsrunningapplication/1528778-active
+// https://developer.apple.com/documentation/appkit/nsrunningapplication/isactive
 @property(readonly, getter=isActive) BOOL active;
-// https://developer.apple.com/documentation/appkit/nsrunningapplication/1533209-activationpolicy
+// https://developer.apple.com/documentation/appkit/nsrunningapplication/activationpolicy
 @property(readonly) NSApplicationActivationPolicy activationPolicy;
-// https://developer.apple.com/documentation/appkit/nsrunningapplication/1528725-activatewithoptions
+// https://developer.apple.com/documentation/appkit/nsrunningapplication/activate(options:)
 - (BOOL)activateWithOptions:(NSApplicationActivationOptions)options;
-// https://developer.apple.com/documentation/appkit/nsrunningapplication/1528815-runningapplicationwithprocessidentifier
+// https://developer.apple.com/documentation/appkit/nsrunningapplication/init(processidentifier:)
 + (instancetype)runningApplicationWithProcessIdentifier:(pid_t)pid;
-// https://developer.apple.com/documentation/appkit/nsrunningapplication/1530798-runningapplicationswithbundleidentifier
+// https://developer.apple.com/documentation/appkit/nsrunningapplication/runningapplications(withbundleidentifier:)
 + (NSArray<NSRunningApplication*>*)runningApplicationsWithBundleIdentifier:(NSString*)bundleIdentifier;
 @end

@@ -4,10 +4,10 @@
 
 // https://developer.apple.com/documentation/appkit/nsscreen
 @interface NSScreen : NSObject
-// https://developer.apple.com/documentation/appkit/nsscreen/1388393-screens
+// https://developer.apple.com/documentation/appkit/nsscreen/screens
 @property(class, readonly, copy) NSArray<NSScreen*>* screens;
-// https://developer.apple.com/documentation/appkit/nsscreen/1388387-frame
+// https://developer.apple.com/documentation/appkit/nsscreen/frame
 @property(readonly) NSRect frame;
-// https://developer.apple.com/documentation/appkit/nsscreen/1388369-visibleframe
+// https://developer.apple.com/documentation/appkit/nsscreen/visibleframe
 @property(readonly) NSRect visibleFrame;
 @end

@@ -5,19 +5,19 @@
 
 // https://developer.apple.com/documentation/appkit/nsworkspace
 @interface NSWorkspace : NSObject
-// https://developer.apple.com/documentation/appkit/nsworkspace/1530344-sharedworkspace
+// https://developer.apple.com/documentation/appkit/nsworkspace/shared
 @property(class, readonly, strong) NSWorkspace* sharedWorkspace;
-// https://developer.apple.com/documentation/appkit/nsworkspace/1535049-notificationcenter
+// https://developer.apple.com/documentation/appkit/nsworkspace/notificationcenter
 @property(readonly, strong) NSNotificationCenter* notificationCenter;
-// https://developer.apple.com/documentation/appkit/nsworkspace/1534059-runningapplications
+// https://developer.apple.com/documentation/appkit/nsworkspace/runningapplications
 @property(readonly, copy) NSArray<NSRunningApplication*>* runningApplications;
-// https://developer.apple.com/documentation/appkit/nsworkspace/1532097-frontmostapplication
+// https://developer.apple.com/documentation/appkit/nsworkspace/frontmostapplication
 @property(readonly, strong) NSRunningApplication* frontmostApplication;
 @end
 
 extern "C" {
-// https://developer.apple.com/documentation/appkit/nsworkspace/1528737-didactivateapplicationnotification
+// https://developer.apple.com/documentation/appkit/nsworkspace/didactivateapplicationnotification
 extern const NSNotificationName NSWorkspaceDidActivateApplicationNotification;
-// https://developer.apple.com/documentation/appkit/nsworkspaceapplicationkey
+// https://developer.apple.com/documentation/appkit/nsworkspace/applicationuserinfokey
 extern NSString* const NSWorkspaceApplicationKey;
 }

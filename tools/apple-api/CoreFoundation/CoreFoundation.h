@@ -29,7 +29,7 @@ typedef const struct __CFAllocator* CFAllocatorRef;
 typedef unsigned char Boolean;
 // https://developer.apple.com/documentation/corefoundation/cfnumbertype
 typedef CFIndex CFNumberType;
-// https://developer.apple.com/documentation/corefoundation/cfnumbertype/kcfnumberdoubletype
+// https://developer.apple.com/documentation/corefoundation/cfnumbertype/doubletype
 enum : CFNumberType { kCFNumberDoubleType = 13 };
 
 extern "C" {
@@ -63,9 +63,9 @@ extern const CFAllocatorRef kCFAllocatorDefault;
 CFRunLoopRef CFRunLoopGetMain(void);
 // https://developer.apple.com/documentation/corefoundation/kcfrunloopcommonmodes
 extern const CFStringRef kCFRunLoopCommonModes;
-// https://developer.apple.com/documentation/corefoundation/1521287-cfequal
+// https://developer.apple.com/documentation/corefoundation/cfequal(_:_:)
 Boolean CFEqual(CFTypeRef first, CFTypeRef second);
-// https://developer.apple.com/documentation/corefoundation/1543114-cfnumbergetvalue
+// https://developer.apple.com/documentation/corefoundation/cfnumbergetvalue(_:_:_:)
 Boolean CFNumberGetValue(CFNumberRef number, CFNumberType theType, void* valuePtr);
 }
 

@@ -7,10 +7,10 @@
 typedef uint32_t CGDirectDisplayID;
 
 extern "C" {
-// https://developer.apple.com/documentation/coregraphics/1454964-cggetactivedisplaylist
+// https://developer.apple.com/documentation/coregraphics/cggetactivedisplaylist(_:_:_:)
 CGError CGGetActiveDisplayList(uint32_t maxDisplays, CGDirectDisplayID* activeDisplays,
                                uint32_t* displayCount);
-// https://developer.apple.com/documentation/coregraphics/1455475-cggetonlinedisplaylist
+// https://developer.apple.com/documentation/coregraphics/cggetonlinedisplaylist(_:_:_:)
 CGError CGGetOnlineDisplayList(uint32_t maxDisplays, CGDirectDisplayID* onlineDisplays,
                                uint32_t* displayCount);
 }

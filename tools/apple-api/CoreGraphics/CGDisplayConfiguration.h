@@ -27,22 +27,22 @@ typedef void (*CGDisplayReconfigurationCallBack)(CGDirectDisplayID display, CGDi
                                                  void* userInfo);
 
 extern "C" {
-// https://developer.apple.com/documentation/coregraphics/1455235-cgbegindisplayconfiguration
+// https://developer.apple.com/documentation/coregraphics/cgbegindisplayconfiguration(_:)
 CGError CGBeginDisplayConfiguration(CGDisplayConfigRef* config);
-// https://developer.apple.com/documentation/coregraphics/1455539-cgcompletedisplayconfiguration
+// https://developer.apple.com/documentation/coregraphics/cgcompletedisplayconfiguration(_:_:)
 CGError CGCompleteDisplayConfiguration(CGDisplayConfigRef config, CGConfigureOption option);
-// https://developer.apple.com/documentation/coregraphics/1455401-cgcanceldisplayconfiguration
+// https://developer.apple.com/documentation/coregraphics/cgcanceldisplayconfiguration(_:)
 CGError CGCancelDisplayConfiguration(CGDisplayConfigRef config);
-// https://developer.apple.com/documentation/coregraphics/1455336-cgdisplayregisterreconfigurationcallback
+// https://developer.apple.com/documentation/coregraphics/cgdisplayregisterreconfigurationcallback(_:_:)
 CGError CGDisplayRegisterReconfigurationCallback(CGDisplayReconfigurationCallBack callback, void* userInfo);
-// https://developer.apple.com/documentation/coregraphics/1455522-cgdisplayremovereconfigurationcallback
+// https://developer.apple.com/documentation/coregraphics/cgdisplayremovereconfigurationcallback(_:_:)
 CGError CGDisplayRemoveReconfigurationCallback(CGDisplayReconfigurationCallBack callback, void* userInfo);
-// https://developer.apple.com/documentation/coregraphics/1454354-cgdisplayisbuiltin
+// https://developer.apple.com/documentation/coregraphics/cgdisplayisbuiltin(_:)
 boolean_t CGDisplayIsBuiltin(CGDirectDisplayID display);
-// https://developer.apple.com/documentation/coregraphics/1455313-cgdisplayisonline
+// https://developer.apple.com/documentation/coregraphics/cgdisplayisonline(_:)
 boolean_t CGDisplayIsOnline(CGDirectDisplayID display);
-// https://developer.apple.com/documentation/coregraphics/1455413-cgdisplayisasleep
+// https://developer.apple.com/documentation/coregraphics/cgdisplayisasleep(_:)
 boolean_t CGDisplayIsAsleep(CGDirectDisplayID display);
-// https://developer.apple.com/documentation/coregraphics/1454964-cgdisplayisinmirrorset
+// https://developer.apple.com/documentation/coregraphics/cgdisplayisinmirrorset(_:)
 boolean_t CGDisplayIsInMirrorSet(CGDirectDisplayID display);
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 extern "C" {
-// https://developer.apple.com/documentation/coregraphics/3656522-cgpreflightlisteneventaccess
+// https://developer.apple.com/documentation/coregraphics/cgpreflightlisteneventaccess()
 bool CGPreflightListenEventAccess(void);
-// https://developer.apple.com/documentation/coregraphics/3656523-cgrequestlisteneventaccess
+// https://developer.apple.com/documentation/coregraphics/cgrequestlisteneventaccess()
 bool CGRequestListenEventAccess(void);
 }

@@ -27,12 +27,12 @@ typedef struct CGRect CGRect;
 extern "C" {
 // https://developer.apple.com/documentation/coregraphics/cgrectzero
 extern const CGRect CGRectZero;
-// https://developer.apple.com/documentation/coregraphics/1455245-cgpointmake
+// https://developer.apple.com/documentation/coregraphics/cgpointmake
 CGPoint CGPointMake(CGFloat x, CGFloat y);
-// https://developer.apple.com/documentation/coregraphics/1455082-cgsizemake
+// https://developer.apple.com/documentation/coregraphics/cgsizemake
 CGSize CGSizeMake(CGFloat width, CGFloat height);
-// https://developer.apple.com/documentation/coregraphics/1455245-cgrectmake
+// https://developer.apple.com/documentation/coregraphics/cgrectmake
 CGRect CGRectMake(CGFloat x, CGFloat y, CGFloat width, CGFloat height);
-// https://developer.apple.com/documentation/coregraphics/1455245-cgrectmakewithdictionaryrepresentation
+// https://developer.apple.com/documentation/coregraphics/cgrectmakewithdictionaryrepresentation(_:_:)
 bool CGRectMakeWithDictionaryRepresentation(CFDictionaryRef dict, CGRect* rect);
 }

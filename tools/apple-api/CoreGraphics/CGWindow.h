@@ -17,7 +17,7 @@ enum : CGWindowListOption {
 };
 
 extern "C" {
-// https://developer.apple.com/documentation/coregraphics/1455137-cgwindowlistcopywindowinfo
+// https://developer.apple.com/documentation/coregraphics/cgwindowlistcopywindowinfo(_:_:)
 CFArrayRef CGWindowListCopyWindowInfo(CGWindowListOption option, CGWindowID relativeToWindow);
 // https://developer.apple.com/documentation/coregraphics/kcgwindownumber
 extern const CFStringRef kCGWindowNumber;

@@ -12,7 +12,7 @@
 - (ObjectType)objectAtIndexedSubscript:(NSUInteger)index;
 // https://developer.apple.com/documentation/foundation/nsarray/1460068-arraywithobjects
 + (instancetype)arrayWithObjects:(const ObjectType[])objects count:(NSUInteger)count;
-// https://developer.apple.com/documentation/foundation/nsarray/1408107-firstobject
+// https://developer.apple.com/documentation/foundation/nsarray/firstobject
 @property(readonly) ObjectType firstObject;
 @end
 
@@ -34,14 +34,14 @@
 + (NSNumber*)numberWithBool:(BOOL)value;
 // https://developer.apple.com/documentation/foundation/nsnumber/1410865-boolvalue
 @property(readonly) BOOL boolValue;
-// https://developer.apple.com/documentation/foundation/nsnumber/1551463-numberwithdouble
+// https://developer.apple.com/documentation/foundation/nsnumber/numberwithdouble:
 + (NSNumber*)numberWithDouble:(double)value;
-// https://developer.apple.com/documentation/foundation/nsnumber/1551470-numberwithint
+// https://developer.apple.com/documentation/foundation/nsnumber/numberwithint:
 + (NSNumber*)numberWithInt:(int)value;
-// https://developer.apple.com/documentation/foundation/nsnumber/1407153-intvalue
+// https://developer.apple.com/documentation/foundation/nsnumber/intvalue
 @property(readonly) int intValue;
-// https://developer.apple.com/documentation/foundation/nsnumber/1417875-unsignedintvalue
+// https://developer.apple.com/documentation/foundation/nsnumber/uint32value
 @property(readonly) unsigned int unsignedIntValue;
-// https://developer.apple.com/documentation/foundation/nsnumber/1414104-doublevalue
+// https://developer.apple.com/documentation/foundation/nsnumber/doublevalue
 @property(readonly) double doubleValue;
 @end

@@ -4,8 +4,8 @@
 
 // https://developer.apple.com/documentation/foundation/nsdata
 @interface NSData : NSObject
-// https://developer.apple.com/documentation/foundation/nsdata/1410616-bytes
+// https://developer.apple.com/documentation/foundation/nsdata/bytes
 @property(readonly) const void* bytes;
-// https://developer.apple.com/documentation/foundation/nsdata/1416769-length
+// https://developer.apple.com/documentation/foundation/nsdata/length
 @property(readonly) NSUInteger length;
 @end

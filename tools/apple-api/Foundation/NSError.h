@@ -5,6 +5,6 @@
 
 // https://developer.apple.com/documentation/foundation/nserror
 @interface NSError : NSObject
-// https://developer.apple.com/documentation/foundation/nserror/1414418-localizeddescription
+// https://developer.apple.com/documentation/foundation/nserror/localizeddescription
 @property(readonly, copy) NSString* localizedDescription;
 @end

@@ -3,18 +3,18 @@
 #include <Foundation/NSData.h>
 #include <Foundation/NSObject.h>
 
-// https://developer.apple.com/documentation/foundation/nsfilehandle
+// https://developer.apple.com/documentation/foundation/filehandle
 @interface NSFileHandle : NSObject
-// https://developer.apple.com/documentation/foundation/nsfilehandle/1414360-filehandlewithnulldevice
+// https://developer.apple.com/documentation/foundation/filehandle/nulldevice
 + (NSFileHandle*)fileHandleWithNullDevice;
-// https://developer.apple.com/documentation/foundation/nsfilehandle/1411463-readdatatoendoffile
+// https://developer.apple.com/documentation/foundation/filehandle/readdatatoendoffile()
 - (NSData*)readDataToEndOfFile;
 @end
 
-// https://developer.apple.com/documentation/foundation/nspipe
+// https://developer.apple.com/documentation/foundation/pipe
 @interface NSPipe : NSObject
-// https://developer.apple.com/documentation/foundation/nspipe/1414438-pipe
+// https://developer.apple.com/documentation/foundation/pipe/init()
 + (NSPipe*)pipe;
-// https://developer.apple.com/documentation/foundation/nspipe/1414352-filehandleforreading
+// https://developer.apple.com/documentation/foundation/pipe/filehandleforreading
 @property(readonly, retain) NSFileHandle* fileHandleForReading;
 @end

@@ -5,12 +5,12 @@
 #include <Foundation/NSObject.h>
 #include <Foundation/NSString.h>
 
-// https://developer.apple.com/documentation/foundation/nsfilemanager
+// https://developer.apple.com/documentation/foundation/filemanager
 @interface NSFileManager : NSObject
-// https://developer.apple.com/documentation/foundation/nsfilemanager/1409234-defaultmanager
+// https://developer.apple.com/documentation/foundation/filemanager/default
 @property(class, readonly, strong) NSFileManager* defaultManager;
-// https://developer.apple.com/documentation/foundation/nsfilemanager/1414584-contentsofdirectoryatpath
+// https://developer.apple.com/documentation/foundation/filemanager/contentsofdirectory(atpath:)
 - (NSArray<NSString*>*)contentsOfDirectoryAtPath:(NSString*)path error:(NSError**)error;
-// https://developer.apple.com/documentation/foundation/nsfilemanager/1409751-displaynameatpath
+// https://developer.apple.com/documentation/foundation/filemanager/displayname(atpath:)
 - (NSString*)displayNameAtPath:(NSString*)path;
 @end

@@ -11,17 +11,17 @@ typedef NSString* NSNotificationName;
 
 // https://developer.apple.com/documentation/foundation/nsnotification
 @interface NSNotification : NSObject
-// https://developer.apple.com/documentation/foundation/nsnotification/1409222-userinfo
+// https://developer.apple.com/documentation/foundation/nsnotification/userinfo
 @property(readonly, copy) NSDictionary* userInfo;
 @end
 
-// https://developer.apple.com/documentation/foundation/nsnotificationcenter
+// https://developer.apple.com/documentation/foundation/notificationcenter
 @interface NSNotificationCenter : NSObject
-// https://developer.apple.com/documentation/foundation/nsnotificationcenter/1411723-addobserverforname
+// https://developer.apple.com/documentation/foundation/notificationcenter/addobserver(forname:object:queue:using:)
 - (id)addObserverForName:(NSNotificationName)name
                   object:(id)obj
                    queue:(NSOperationQueue*)queue
               usingBlock:(void (^)(NSNotification* notification))block;
-// https://developer.apple.com/documentation/foundation/nsnotificationcenter/1413994-removeobserver
+// https://developer.apple.com/documentation/foundation/notificationcenter/removeobserver(_:)
 - (void)removeObserver:(id)observer;
 @end

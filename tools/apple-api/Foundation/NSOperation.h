@@ -2,8 +2,8 @@
 
 #include <Foundation/NSObject.h>
 
-// https://developer.apple.com/documentation/foundation/nsoperationqueue
+// https://developer.apple.com/documentation/foundation/operationqueue
 @interface NSOperationQueue : NSObject
-// https://developer.apple.com/documentation/foundation/nsoperationqueue/1409193-mainqueue
+// https://developer.apple.com/documentation/foundation/operationqueue/main
 @property(class, readonly, strong) NSOperationQueue* mainQueue;
 @end

@@ -3,6 +3,6 @@
 #include <Foundation/NSString.h>
 
 extern "C" {
-// https://developer.apple.com/documentation/foundation/1413045-nshomedirectory
+// https://developer.apple.com/documentation/foundation/nshomedirectory()
 NSString* NSHomeDirectory(void);
 }

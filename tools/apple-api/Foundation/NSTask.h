@@ -6,26 +6,26 @@
 #include <Foundation/NSString.h>
 #include <Foundation/NSURL.h>
 
-// https://developer.apple.com/documentation/foundation/nstask/terminationreason
+// https://developer.apple.com/documentation/foundation/process/terminationreason-swift.enum
 typedef NSInteger NSTaskTerminationReason;
 enum : NSTaskTerminationReason { NSTaskTerminationReasonExit = 1 };
 
-// https://developer.apple.com/documentation/foundation/nstask
+// https://developer.apple.com/documentation/foundation/process
 @interface NSTask : NSObject
-// https://developer.apple.com/documentation/foundation/nstask/1414152-executableurl
+// https://developer.apple.com/documentation/foundation/process/executableurl
 @property(copy) NSURL* executableURL;
-// https://developer.apple.com/documentation/foundation/nstask/1408983-arguments
+// https://developer.apple.com/documentation/foundation/process/arguments
 @property(copy) NSArray<NSString*>* arguments;
-// https://developer.apple.com/documentation/foundation/nstask/1414179-standarderror
+// https://developer.apple.com/documentation/foundation/process/standarderror
 @property(retain) id standardError;
-// https://developer.apple.com/documentation/foundation/nstask/1409576-standardoutput
+// https://developer.apple.com/documentation/foundation/process/standardoutput
 @property(retain) id standardOutput;
-// https://developer.apple.com/documentation/foundation/nstask/2890108-launchandreturnerror
+// https://developer.apple.com/documentation/foundation/process/run()
 - (BOOL)launchAndReturnError:(NSError**)error;
-// https://developer.apple.com/documentation/foundation/nstask/1415808-waituntilexit
+// https://developer.apple.com/documentation/foundation/process/waituntilexit()
 - (void)waitUntilExit;
-// https://developer.apple.com/documentation/foundation/nstask/1409429-terminationstatus
+// https://developer.apple.com/documentation/foundation/process/terminationstatus
 @property(readonly) int terminationStatus;
-// https://developer.apple.com/documentation/foundation/nstask/1410911-terminationreason
+// https://developer.apple.com/documentation/foundation/process/terminationreason-swift.property
 @property(readonly) NSTaskTerminationReason terminationReason;
 @end

@@ -5,6 +5,6 @@
 
 // https://developer.apple.com/documentation/foundation/nsurl
 @interface NSURL : NSObject <NSCopying>
-// https://developer.apple.com/documentation/foundation/nsurl/1410828-fileurlwithpath
+// https://developer.apple.com/documentation/foundation/nsurl/fileurl(withpath:)
 + (NSURL*)fileURLWithPath:(NSString*)path;
 @end

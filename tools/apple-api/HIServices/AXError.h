@@ -5,6 +5,6 @@
 // https://developer.apple.com/documentation/applicationservices/axerror
 typedef int32_t AXError;
 enum : AXError {
-    // https://developer.apple.com/documentation/applicationservices/axerror/kaxerrorsuccess
+    // https://developer.apple.com/documentation/applicationservices/axerror/success
     kAXErrorSuccess = 0,
 };

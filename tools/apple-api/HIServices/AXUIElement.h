@@ -8,33 +8,33 @@
 typedef const struct __AXUIElement* AXUIElementRef;
 
 extern "C" {
-// https://developer.apple.com/documentation/applicationservices/1460720-axisprocesstrusted
+// https://developer.apple.com/documentation/applicationservices/axisprocesstrusted()
 Boolean AXIsProcessTrusted(void);
-// https://developer.apple.com/documentation/applicationservices/1459186-axisprocesstrustedwithoptions
+// https://developer.apple.com/documentation/applicationservices/axisprocesstrustedwithoptions(_:)
 Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef options);
 // https://developer.apple.com/documentation/applicationservices/kaxtrustedcheckoptionprompt
 extern const CFStringRef kAXTrustedCheckOptionPrompt;
-// https://developer.apple.com/documentation/applicationservices/1459335-axuielementgettypeid
+// https://developer.apple.com/documentation/applicationservices/axuielementgettypeid()
 CFTypeID AXUIElementGetTypeID(void);
-// https://developer.apple.com/documentation/applicationservices/1462095-axuielementcreatesystemwide
+// https://developer.apple.com/documentation/applicationservices/axuielementcreatesystemwide()
 AXUIElementRef AXUIElementCreateSystemWide(void);
-// https://developer.apple.com/documentation/applicationservices/1459374-axuielementcreateapplication
+// https://developer.apple.com/documentation/applicationservices/axuielementcreateapplication(_:)
 AXUIElementRef AXUIElementCreateApplication(pid_t pid);
-// https://developer.apple.com/documentation/applicationservices/1459475-axuielementcopyattributenames
+// https://developer.apple.com/documentation/applicationservices/axuielementcopyattributenames(_:_:)
 AXError AXUIElementCopyAttributeNames(AXUIElementRef element, CFArrayRef* names);
-// https://developer.apple.com/documentation/applicationservices/1462085-axuielementcopyattributevalue
+// https://developer.apple.com/documentation/applicationservices/axuielementcopyattributevalue(_:_:_:)
 AXError AXUIElementCopyAttributeValue(AXUIElementRef element, CFStringRef attribute, CFTypeRef* value);
-// https://developer.apple.com/documentation/applicationservices/1459972-axuielementisattributesettable
+// https://developer.apple.com/documentation/applicationservices/axuielementisattributesettable(_:_:_:)
 AXError AXUIElementIsAttributeSettable(AXUIElementRef element, CFStringRef attribute, Boolean* settable);
-// https://developer.apple.com/documentation/applicationservices/1460434-axuielementsetattributevalue
+// https://developer.apple.com/documentation/applicationservices/axuielementsetattributevalue(_:_:_:)
 AXError AXUIElementSetAttributeValue(AXUIElementRef element, CFStringRef attribute, CFTypeRef value);
-// https://developer.apple.com/documentation/applicationservices/1459153-axuielementcopyactionnames
+// https://developer.apple.com/documentation/applicationservices/axuielementcopyactionnames(_:_:)
 AXError AXUIElementCopyActionNames(AXUIElementRef element, CFArrayRef* names);
-// https://developer.apple.com/documentation/applicationservices/1462091-axuielementperformaction
+// https://developer.apple.com/documentation/applicationservices/axuielementperformaction(_:_:)
 AXError AXUIElementPerformAction(AXUIElementRef element, CFStringRef action);
-// https://developer.apple.com/documentation/applicationservices/1462099-axuielementcopyparameterizedattr
+// https://developer.apple.com/documentation/applicationservices/axuielementcopyparameterizedattributevalue(_:_:_:_:)
 AXError AXUIElementCopyParameterizedAttributeValue(AXUIElementRef element, CFStringRef parameterizedAttribute,
                                                    CFTypeRef parameter, CFTypeRef* result);
-// https://developer.apple.com/documentation/applicationservices/1459345-axuielementsetmessagingtimeout
+// https://developer.apple.com/documentation/applicationservices/axuielementsetmessagingtimeout(_:_:)
 AXError AXUIElementSetMessagingTimeout(AXUIElementRef element, float timeoutInSeconds);
 }

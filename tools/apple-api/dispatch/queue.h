@@ -16,10 +16,10 @@ typedef dispatch_queue_t dispatch_queue_global_t;
 #define DISPATCH_QUEUE_PRIORITY_DEFAULT 0
 
 extern "C" {
-// https://developer.apple.com/documentation/dispatch/1453057-dispatch_async
+// https://developer.apple.com/documentation/dispatch/dispatch_async
 void dispatch_async(dispatch_queue_t queue, dispatch_block_t block);
-// https://developer.apple.com/documentation/dispatch/1452921-dispatch_get_main_queue
+// https://developer.apple.com/documentation/dispatch/dispatch_get_main_queue
 dispatch_queue_main_t dispatch_get_main_queue(void);
-// https://developer.apple.com/documentation/dispatch/1452927-dispatch_get_global_queue
+// https://developer.apple.com/documentation/dispatch/dispatch_get_global_queue
 dispatch_queue_global_t dispatch_get_global_queue(intptr_t identifier, uintptr_t flags);
 }
