@@ -27,6 +27,13 @@
 #include "platform/mac/MacPasteboard.h"
 #include "platform/mac/MacPrimarySelection.h"
 #include "platform/mac/MacSyntheticKeyboard.h"
+#include "platform/mac/MacAccessibilityTree.h"
+#include "platform/mac/MacApplicationCatalog.h"
+#include "platform/mac/MacApplicationWorkspace.h"
+#include "platform/mac/MacDesktopWindows.h"
+#include "platform/mac/MacDisplayControl.h"
+#include "platform/mac/MacPermissionProbe.h"
+#include "platform/mac/MacProcessRunner.h"
 #include "platform/mac/MacSystemBell.h"
 
 // Nothing shared between the macOS services: each reaches its framework directly.
@@ -49,6 +56,13 @@ PlatformServices PlatformServices::create(Clock& /*clock*/)
     services.hotkeyRegistrar = std::make_unique<MacHotkeyRegistrar>();
     services.globalInput =
         std::make_unique<MacInputEventMonitor>(MacInputEventMonitor::Scope::otherApplications);
+    services.workspace = std::make_unique<MacApplicationWorkspace>();
+    services.applications = std::make_unique<MacApplicationCatalog>();
+    services.accessibility = std::make_unique<MacAccessibilityTree>();
+    services.permissions = std::make_unique<MacPermissionProbe>();
+    services.processRunner = std::make_unique<MacProcessRunner>();
+    services.desktopWindows = std::make_unique<MacDesktopWindows>();
+    services.displays = std::make_unique<MacDisplayControl>();
     services.bell = std::make_unique<MacSystemBell>();
     return services;
 }

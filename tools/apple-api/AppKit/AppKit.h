@@ -6,3 +6,7 @@
 #include <AppKit/NSPasteboard.h>
 #include <AppKit/NSPasteboardItem.h>
 #include <AppKit/NSEvent.h>
+#include <AppKit/NSRunningApplication.h>
+#include <AppKit/NSWorkspace.h>
+#include <AppKit/NSApplication.h>
+#include <AppKit/NSScreen.h>

@@ -3,3 +3,4 @@
 
 #include <CoreFoundation/CoreFoundation.h>
 #include <CoreGraphics/CoreGraphics.h>
+#include <HIServices/HIServices.h>

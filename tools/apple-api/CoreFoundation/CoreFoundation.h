@@ -25,6 +25,12 @@ typedef struct __CFRunLoop* CFRunLoopRef;
 typedef struct __CFRunLoopSource* CFRunLoopSourceRef;
 // https://developer.apple.com/documentation/corefoundation/cfallocator
 typedef const struct __CFAllocator* CFAllocatorRef;
+// https://developer.apple.com/documentation/corefoundation/boolean
+typedef unsigned char Boolean;
+// https://developer.apple.com/documentation/corefoundation/cfnumbertype
+typedef CFIndex CFNumberType;
+// https://developer.apple.com/documentation/corefoundation/cfnumbertype/doubletype
+enum : CFNumberType { kCFNumberDoubleType = 13 };
 
 extern "C" {
 // https://developer.apple.com/documentation/corefoundation/1521153-cfrelease
@@ -57,7 +63,14 @@ extern const CFAllocatorRef kCFAllocatorDefault;
 CFRunLoopRef CFRunLoopGetMain(void);
 // https://developer.apple.com/documentation/corefoundation/kcfrunloopcommonmodes
 extern const CFStringRef kCFRunLoopCommonModes;
+// https://developer.apple.com/documentation/corefoundation/cfequal(_:_:)
+Boolean CFEqual(CFTypeRef first, CFTypeRef second);
+// https://developer.apple.com/documentation/corefoundation/cfnumbergetvalue(_:_:_:)
+Boolean CFNumberGetValue(CFNumberRef number, CFNumberType theType, void* valuePtr);
 }
+
+// https://developer.apple.com/documentation/corefoundation/cfstr
+#define CFSTR(cStr) ((CFStringRef)__builtin___CFStringMakeConstantString("" cStr ""))
 
 #if defined(__OBJC__)
 // https://developer.apple.com/documentation/foundation/1587932-cfbridgingrelease

@@ -13,4 +13,8 @@ void CGEventSetFlags(CGEventRef event, CGEventFlags flags);
 void CGEventPost(CGEventTapLocation tap, CGEventRef event);
 // https://developer.apple.com/documentation/coregraphics/cgevent/location
 CGPoint CGEventGetLocation(CGEventRef event);
+// https://developer.apple.com/documentation/coregraphics/cgpreflightlisteneventaccess()
+bool CGPreflightListenEventAccess(void);
+// https://developer.apple.com/documentation/coregraphics/cgrequestlisteneventaccess()
+bool CGRequestListenEventAccess(void);
 }

@@ -8,3 +8,7 @@
 #include <CoreGraphics/CGEventTypes.h>
 #include <CoreGraphics/CGEvent.h>
 #include <CoreGraphics/CGEventSource.h>
+#include <CoreGraphics/CGError.h>
+#include <CoreGraphics/CGDirectDisplay.h>
+#include <CoreGraphics/CGDisplayConfiguration.h>
+#include <CoreGraphics/CGWindow.h>

@@ -6,3 +6,13 @@
 #include <Foundation/NSString.h>
 #include <Foundation/NSCollections.h>
 #include <Foundation/NSData.h>
+#include <Foundation/NSGeometry.h>
+#include <Foundation/NSError.h>
+#include <Foundation/NSURL.h>
+#include <Foundation/NSFileHandle.h>
+#include <Foundation/NSTask.h>
+#include <Foundation/NSFileManager.h>
+#include <Foundation/NSPathUtilities.h>
+#include <Foundation/NSBundle.h>
+#include <Foundation/NSNotification.h>
+#include <Foundation/NSOperation.h>

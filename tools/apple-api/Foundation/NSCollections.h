@@ -12,6 +12,8 @@
 - (ObjectType)objectAtIndexedSubscript:(NSUInteger)index;
 // https://developer.apple.com/documentation/foundation/nsarray/1460068-arraywithobjects
 + (instancetype)arrayWithObjects:(const ObjectType[])objects count:(NSUInteger)count;
+// https://developer.apple.com/documentation/foundation/nsarray/firstobject
+@property(readonly) ObjectType firstObject;
 @end
 
 // https://developer.apple.com/documentation/foundation/nsdictionary
@@ -32,6 +34,16 @@
 + (NSNumber*)numberWithBool:(BOOL)value;
 // https://developer.apple.com/documentation/foundation/nsnumber/1410865-boolvalue
 @property(readonly) BOOL boolValue;
+// https://developer.apple.com/documentation/foundation/nsnumber/numberwithdouble:
++ (NSNumber*)numberWithDouble:(double)value;
+// https://developer.apple.com/documentation/foundation/nsnumber/numberwithint:
++ (NSNumber*)numberWithInt:(int)value;
+// https://developer.apple.com/documentation/foundation/nsnumber/intvalue
+@property(readonly) int intValue;
+// https://developer.apple.com/documentation/foundation/nsnumber/uint32value
+@property(readonly) unsigned int unsignedIntValue;
+// https://developer.apple.com/documentation/foundation/nsnumber/doublevalue
+@property(readonly) double doubleValue;
 @end
 
 // https://developer.apple.com/documentation/foundation/nsmutablearray

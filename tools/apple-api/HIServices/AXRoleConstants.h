@@ -1,0 +1,6 @@
+#pragma once
+
+#include <CoreFoundation/CoreFoundation.h>
+
+// https://developer.apple.com/documentation/applicationservices/kaxstandardwindowsubrole
+#define kAXStandardWindowSubrole CFSTR("AXStandardWindow")

@@ -1,0 +1,4 @@
+#pragma once
+
+// https://developer.apple.com/documentation/dispatch/dispatch_block_t
+typedef void (^dispatch_block_t)(void);

@@ -1,0 +1,4 @@
+#pragma once
+
+// https://developer.apple.com/documentation/kernel/boolean_t
+typedef int boolean_t;
