@@ -20,7 +20,15 @@
 #include "platform/SystemSurfaceSignals.h"
 #include "platform/Updater.h"
 #include "platform/UrlOpener.h"
+#include "platform/mac/MacBrowserTabRemote.h"
+#include "platform/mac/MacFloatingWindowTraits.h"
+#include "platform/mac/MacLanguageRecognizer.h"
+#include "platform/mac/MacSurfaceSignals.h"
 #include "platform/mac/MacSystemBell.h"
+#include "platform/mac/MacUrlOpener.h"
+#if MIVORA_MAC_UPDATER
+#include "platform/mac/MacUpdater.h"
+#endif
 
 // Nothing shared between the macOS services: each reaches its framework directly.
 struct PlatformServices::Shared {};
@@ -34,6 +42,14 @@ PlatformServices PlatformServices::create(Clock& /*clock*/)
 {
     PlatformServices services;
     services.m_shared = std::make_unique<Shared>();
+    services.surfaceSignals = std::make_unique<MacSurfaceSignals>();
+    services.languageRecognizer = std::make_unique<MacLanguageRecognizer>();
+    services.urlOpener = std::make_unique<MacUrlOpener>();
+#if MIVORA_MAC_UPDATER
+    services.updater = std::make_unique<MacUpdater>();
+#endif
+    services.floatingWindows = std::make_unique<MacFloatingWindowTraits>();
+    services.browserTabs = std::make_unique<MacBrowserTabRemote>();
     services.bell = std::make_unique<MacSystemBell>();
     return services;
 }

@@ -32,4 +32,6 @@
 + (NSNumber*)numberWithBool:(BOOL)value;
 // https://developer.apple.com/documentation/foundation/nsnumber/1410865-boolvalue
 @property(readonly) BOOL boolValue;
+// https://developer.apple.com/documentation/foundation/nsnumber/1412554-integervalue
+@property(readonly) NSInteger integerValue;
 @end

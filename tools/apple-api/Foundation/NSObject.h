@@ -14,6 +14,11 @@ typedef unsigned long NSUInteger;
 // https://developer.apple.com/documentation/objectivec/sel
 typedef struct objc_selector* SEL;
 
+// https://developer.apple.com/documentation/objectivec/nil
+#define nil nullptr
+
+@class NSString;
+
 // https://developer.apple.com/documentation/objectivec/nsobject
 __attribute__((objc_root_class))
 @interface NSObject
@@ -26,6 +31,8 @@ __attribute__((objc_root_class))
 - (BOOL)isKindOfClass:(Class)aClass;
 // https://developer.apple.com/documentation/objectivec/nsobject/1418691-class
 + (Class)class;
+// https://developer.apple.com/documentation/objectivec/1418956-nsobject/1418746-description
+@property(readonly, copy) NSString* description;
 @end
 
 // https://developer.apple.com/documentation/foundation/nscopying
