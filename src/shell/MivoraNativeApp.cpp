@@ -201,8 +201,8 @@ void MivoraNativeApp::makeFace(const Views& views)
                                 }
                             },
                             [this] { m_panels->toggleQuickPanel(); }});
-        m_delegate = std::make_unique<MivoraAppDelegate>(
-            MivoraAppDelegate::Services{*m_clock, *m_defaults, *m_mainWindow, views.trayHostAvailable});
+        m_delegate = std::make_unique<MivoraAppDelegate>(MivoraAppDelegate::Services{
+            *m_clock, *m_defaults, *m_mainWindow, views.trayHostAvailable, m_platform.presence.get()});
     }
     if (views.makeUpdateAlerts) {
         m_updateAlerts =

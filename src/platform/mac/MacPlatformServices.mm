@@ -1,5 +1,6 @@
 #include "platform/AccessibilityTree.h"
 #include "platform/ApplicationCatalog.h"
+#include "platform/ApplicationPresence.h"
 #include "platform/ApplicationWorkspace.h"
 #include "platform/BrowserTabRemote.h"
 #include "platform/DesktopWindows.h"
@@ -20,6 +21,7 @@
 #include "platform/SystemSurfaceSignals.h"
 #include "platform/Updater.h"
 #include "platform/UrlOpener.h"
+#include "platform/mac/MacApplicationPresence.h"
 #include "platform/mac/MacBrowserTabRemote.h"
 #include "platform/mac/MacFloatingWindowTraits.h"
 #include "platform/mac/MacLanguageRecognizer.h"
@@ -51,5 +53,6 @@ PlatformServices PlatformServices::create(Clock& /*clock*/)
     services.floatingWindows = std::make_unique<MacFloatingWindowTraits>();
     services.browserTabs = std::make_unique<MacBrowserTabRemote>();
     services.bell = std::make_unique<MacSystemBell>();
+    services.presence = std::make_unique<MacApplicationPresence>();
     return services;
 }
