@@ -217,6 +217,7 @@ TEST_F(AppDelegateTest, ThePlatformsOwnPresenceFollowsThePolicy)
 {
     struct RecordingPresence : ApplicationPresence {
         void setRegular(bool next) override { regular = next; }
+        void applyMainWindowTraits(quintptr) override {}
         std::optional<bool> regular;
     } presence;
     MivoraAppDelegate withPresence{{clock, defaults, window, [] { return true; }, &presence}};

@@ -1,19 +1,11 @@
 #include "platform/mac/MacFloatingWindowTraits.h"
 
-#include <AppKit/AppKit.h>
+#include "platform/mac/MacNativeWindow.h"
+
 #include <QGuiApplication>
 #include <QWindow>
 
 namespace {
-
-NSWindow* windowOf(quintptr nativeWindow)
-{
-    if (nativeWindow == 0) {
-        return nil;
-    }
-    NSView* view = (__bridge NSView*)reinterpret_cast<void*>(nativeWindow);
-    return view.window;
-}
 
 // The Qt window's own flag says whether it may take the focus; only an existing native window is asked,
 // so no window is created here.
@@ -32,7 +24,7 @@ bool refusesFocus(quintptr nativeWindow)
 
 void MacFloatingWindowTraits::applyFloatingTraits(quintptr nativeWindow)
 {
-    NSWindow* window = windowOf(nativeWindow);
+    NSWindow* window = nativeWindowOf(nativeWindow);
     if (window == nil) {
         return;
     }
@@ -58,7 +50,7 @@ void MacFloatingWindowTraits::applyFloatingTraits(quintptr nativeWindow)
 
 void MacFloatingWindowTraits::activate(quintptr nativeWindow)
 {
-    NSWindow* window = windowOf(nativeWindow);
+    NSWindow* window = nativeWindowOf(nativeWindow);
     if (window == nil) {
         return;
     }

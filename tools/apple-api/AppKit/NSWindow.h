@@ -13,6 +13,8 @@ typedef NSUInteger NSWindowStyleMask;
 enum : NSWindowStyleMask {
     // https://developer.apple.com/documentation/appkit/nswindow/stylemask/1644652-nonactivatingpanel
     NSWindowStyleMaskNonactivatingPanel = 1 << 7,
+    // https://developer.apple.com/documentation/appkit/nswindow/stylemask/1644646-fullsizecontentview
+    NSWindowStyleMaskFullSizeContentView = 1 << 15,
 };
 
 // https://developer.apple.com/documentation/appkit/nswindow/collectionbehavior
@@ -31,6 +33,27 @@ enum NSWindowAnimationBehavior : NSInteger {
     // https://developer.apple.com/documentation/appkit/nswindow/animationbehavior/none
     NSWindowAnimationBehaviorNone = 2,
 };
+
+// https://developer.apple.com/documentation/appkit/nswindow/titlevisibility
+enum NSWindowTitleVisibility : NSInteger {
+    // https://developer.apple.com/documentation/appkit/nswindow/titlevisibility/hidden
+    NSWindowTitleHidden = 1,
+};
+
+// https://developer.apple.com/documentation/appkit/nstitlebarseparatorstyle
+enum NSTitlebarSeparatorStyle : NSInteger {
+    // https://developer.apple.com/documentation/appkit/nstitlebarseparatorstyle/none
+    NSTitlebarSeparatorStyleNone = 1,
+};
+
+// https://developer.apple.com/documentation/appkit/nswindow/toolbarstyle-swift.enum
+enum NSWindowToolbarStyle : NSInteger {
+    // https://developer.apple.com/documentation/appkit/nswindow/toolbarstyle-swift.enum/unified
+    NSWindowToolbarStyleUnified = 3,
+};
+
+// https://developer.apple.com/documentation/appkit/nstoolbar
+@class NSToolbar;
 
 // https://developer.apple.com/documentation/appkit/nswindow
 @interface NSWindow : NSResponder
@@ -52,4 +75,16 @@ enum NSWindowAnimationBehavior : NSInteger {
 @property(copy) NSColor* backgroundColor;
 // https://developer.apple.com/documentation/appkit/nswindow/1419208-makekeyandorderfront
 - (void)makeKeyAndOrderFront:(id)sender;
+// https://developer.apple.com/documentation/appkit/nswindow/1419635-titlevisibility
+@property NSWindowTitleVisibility titleVisibility;
+// https://developer.apple.com/documentation/appkit/nswindow/1419167-titlebarappearstransparent
+@property BOOL titlebarAppearsTransparent;
+// https://developer.apple.com/documentation/appkit/nswindow/3622489-titlebarseparatorstyle
+@property NSTitlebarSeparatorStyle titlebarSeparatorStyle;
+// https://developer.apple.com/documentation/appkit/nswindow/1419731-toolbar
+@property(strong) NSToolbar* toolbar;
+// https://developer.apple.com/documentation/appkit/nswindow/3608199-toolbarstyle
+@property NSWindowToolbarStyle toolbarStyle;
+// https://developer.apple.com/documentation/appkit/nswindow/1419072-movablebywindowbackground
+@property(getter=isMovableByWindowBackground) BOOL movableByWindowBackground;
 @end
