@@ -1,5 +1,11 @@
 # Installation and the Debian package (cpack -G DEB). Library dependencies are found by dpkg-shlibdeps from
 # the installed binary, so the package asks for exactly the Qt and X11 libraries this build links.
+if(APPLE)
+    # On macOS the application bundle is the whole installation.
+    install(TARGETS mivora BUNDLE DESTINATION .)
+    return()
+endif()
+
 include(GNUInstallDirs)
 install(TARGETS mivora RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/data/mivora.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)

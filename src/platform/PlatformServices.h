@@ -4,6 +4,7 @@
 
 class AccessibilityTree;
 class ApplicationCatalog;
+class ApplicationPresence;
 class Clock;
 class DisplayControl;
 class FloatingWindowTraits;
@@ -69,6 +70,8 @@ public:
     // The displays, and switching the built-in one; it says itself whether the platform can switch.
     std::unique_ptr<DisplayControl> displays;
     std::unique_ptr<SystemBell> bell;
+    // Null where the taskbar entry is the main window's own and comes and goes with it.
+    std::unique_ptr<ApplicationPresence> presence;
 
     // Connects to the display server when there is one; without one, each service degrades to "nothing
     // available" rather than failing. Waits for other programs' answers run on clock, which must outlive

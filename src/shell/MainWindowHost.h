@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtGlobal>
 #include <functional>
 
 // How the program is present on the desktop: regular with its main window and a taskbar entry, or an
@@ -14,6 +15,8 @@ struct MainWindowHooks {
     std::function<void()> closed;
     // Control+Shift+Space inside the window.
     std::function<void()> toggleQuickMenu;
+    // Called with the native window before each show, for the platform's own frame of a main window.
+    std::function<void(quintptr)> beforeShow;
 };
 
 // The main window as the lifecycle logic sees it; the main window's view implements it. GUI thread.

@@ -1,6 +1,7 @@
 #include "shell/MivoraAppDelegate.h"
 
 #include "core/DefaultsStore.h"
+#include "platform/ApplicationPresence.h"
 
 using namespace std::chrono_literals;
 
@@ -46,8 +47,16 @@ bool MivoraAppDelegate::shouldStayInMenuBar() const
 
 void MivoraAppDelegate::applyPolicy()
 {
-    m_services.window.setActivationPolicy(
-        m_services.window.hasVisibleMainWindow() ? ActivationPolicy::regular : ActivationPolicy::accessory);
+    setActivationPolicy(m_services.window.hasVisibleMainWindow() ? ActivationPolicy::regular
+                                                                 : ActivationPolicy::accessory);
+}
+
+void MivoraAppDelegate::setActivationPolicy(ActivationPolicy policy)
+{
+    m_services.window.setActivationPolicy(policy);
+    if (m_services.presence != nullptr) {
+        m_services.presence->setRegular(policy == ActivationPolicy::regular);
+    }
 }
 
 void MivoraAppDelegate::moveToMenuBarIfNeeded()
@@ -87,6 +96,6 @@ bool MivoraAppDelegate::applicationShouldTerminateAfterLastWindowClosed()
 
 void MivoraAppDelegate::showMainWindow()
 {
-    m_services.window.setActivationPolicy(ActivationPolicy::regular);
+    setActivationPolicy(ActivationPolicy::regular);
     m_services.window.showAndActivate();
 }

@@ -7,6 +7,7 @@
 #include <array>
 #include <functional>
 
+class ApplicationPresence;
 class DefaultsStore;
 
 // Decides at each moment whether the program is a windowed application or lives in the tray alone, and
@@ -21,6 +22,8 @@ public:
         MainWindowHost& window;
         // Whether the desktop runs a tray host that can show our icon.
         std::function<bool()> trayHostAvailable;
+        // The platform's own presence switch beside the window's; null where there is none.
+        ApplicationPresence* presence = nullptr;
     };
 
     explicit MivoraAppDelegate(Services services, QObject* parent = nullptr);
@@ -48,6 +51,7 @@ public:
 
 private:
     void applyPolicy();
+    void setActivationPolicy(ActivationPolicy policy);
 
     Services m_services;
     ClockTimer m_policyTimer;

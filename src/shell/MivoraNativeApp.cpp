@@ -29,6 +29,7 @@
 #include "panels/StatusHUDSurface.h"
 #include "panels/TranslationPreviewPanelController.h"
 #include "platform/AccessibilityTree.h"
+#include "platform/ApplicationPresence.h"
 #include "platform/ApplicationWorkspace.h"
 #include "platform/DisplayControl.h"
 #include "platform/FloatingWindowTraits.h"
@@ -200,9 +201,14 @@ void MivoraNativeApp::makeFace(const Views& views)
                                     quit();
                                 }
                             },
-                            [this] { m_panels->toggleQuickPanel(); }});
-        m_delegate = std::make_unique<MivoraAppDelegate>(
-            MivoraAppDelegate::Services{*m_clock, *m_defaults, *m_mainWindow, views.trayHostAvailable});
+                            [this] { m_panels->toggleQuickPanel(); },
+                            [this](quintptr window) {
+                                if (m_platform.presence) {
+                                    m_platform.presence->applyMainWindowTraits(window);
+                                }
+                            }});
+        m_delegate = std::make_unique<MivoraAppDelegate>(MivoraAppDelegate::Services{
+            *m_clock, *m_defaults, *m_mainWindow, views.trayHostAvailable, m_platform.presence.get()});
     }
     if (views.makeUpdateAlerts) {
         m_updateAlerts =

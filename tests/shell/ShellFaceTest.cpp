@@ -1,4 +1,5 @@
 #include "AppStateHarness.h"
+#include "platform/ApplicationPresence.h"
 #include "shell/AutostartEntry.h"
 #include "shell/MenuBarController.h"
 #include "shell/MivoraAppDelegate.h"
@@ -7,6 +8,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <optional>
 
 using namespace std::chrono_literals;
 
@@ -209,6 +211,20 @@ TEST_F(AppDelegateTest, ThePolicyMendsItselfEverySecondAndTheWindowComesBack)
     clock.advance(3s);
     EXPECT_EQ(window.policyChanges, changes) << "without staying in the tray the policy is left alone";
     delegate.stop();
+}
+
+TEST_F(AppDelegateTest, ThePlatformsOwnPresenceFollowsThePolicy)
+{
+    struct RecordingPresence : ApplicationPresence {
+        void setRegular(bool next) override { regular = next; }
+        void applyMainWindowTraits(quintptr) override {}
+        std::optional<bool> regular;
+    } presence;
+    MivoraAppDelegate withPresence{{clock, defaults, window, [] { return true; }, &presence}};
+    EXPECT_FALSE(withPresence.windowShouldClose());
+    EXPECT_EQ(presence.regular, false);
+    withPresence.showMainWindow();
+    EXPECT_EQ(presence.regular, true);
 }
 
 TEST(AutostartEntryTest, WritesAQuotedEntryAndRemovesIt)

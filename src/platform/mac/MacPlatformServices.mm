@@ -1,5 +1,6 @@
 #include "platform/AccessibilityTree.h"
 #include "platform/ApplicationCatalog.h"
+#include "platform/ApplicationPresence.h"
 #include "platform/ApplicationWorkspace.h"
 #include "platform/BrowserTabRemote.h"
 #include "platform/DesktopWindows.h"
@@ -34,7 +35,16 @@
 #include "platform/mac/MacDisplayControl.h"
 #include "platform/mac/MacPermissionProbe.h"
 #include "platform/mac/MacProcessRunner.h"
+#include "platform/mac/MacApplicationPresence.h"
+#include "platform/mac/MacBrowserTabRemote.h"
+#include "platform/mac/MacFloatingWindowTraits.h"
+#include "platform/mac/MacLanguageRecognizer.h"
+#include "platform/mac/MacSurfaceSignals.h"
 #include "platform/mac/MacSystemBell.h"
+#include "platform/mac/MacUrlOpener.h"
+#if MIVORA_MAC_UPDATER
+#include "platform/mac/MacUpdater.h"
+#endif
 
 // Nothing shared between the macOS services: each reaches its framework directly.
 struct PlatformServices::Shared {};
@@ -63,6 +73,15 @@ PlatformServices PlatformServices::create(Clock& /*clock*/)
     services.processRunner = std::make_unique<MacProcessRunner>();
     services.desktopWindows = std::make_unique<MacDesktopWindows>();
     services.displays = std::make_unique<MacDisplayControl>();
+    services.surfaceSignals = std::make_unique<MacSurfaceSignals>();
+    services.languageRecognizer = std::make_unique<MacLanguageRecognizer>();
+    services.urlOpener = std::make_unique<MacUrlOpener>();
+#if MIVORA_MAC_UPDATER
+    services.updater = std::make_unique<MacUpdater>();
+#endif
+    services.floatingWindows = std::make_unique<MacFloatingWindowTraits>();
+    services.browserTabs = std::make_unique<MacBrowserTabRemote>();
     services.bell = std::make_unique<MacSystemBell>();
+    services.presence = std::make_unique<MacApplicationPresence>();
     return services;
 }

@@ -1,5 +1,6 @@
 #include "platform/AccessibilityTree.h"
 #include "platform/ApplicationCatalog.h"
+#include "platform/ApplicationPresence.h"
 #include "platform/ApplicationWorkspace.h"
 #include "platform/BrowserTabRemote.h"
 #include "platform/DesktopWindows.h"

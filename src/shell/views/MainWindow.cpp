@@ -223,6 +223,15 @@ void MainWindow::closeEvent(QCloseEvent* event)
     }
 }
 
+void MainWindow::showEvent(QShowEvent* event)
+{
+    // winId() makes the native window on the first show, before it is mapped.
+    if (m_hooks.beforeShow) {
+        m_hooks.beforeShow(winId());
+    }
+    QWidget::showEvent(event);
+}
+
 void MainWindow::paintEvent(QPaintEvent*)
 {
     if (m_appState.settings().appearanceMode == AppearanceMode::system) {

@@ -10,3 +10,8 @@
 #include <AppKit/NSWorkspace.h>
 #include <AppKit/NSApplication.h>
 #include <AppKit/NSScreen.h>
+#include <AppKit/NSResponder.h>
+#include <AppKit/NSColor.h>
+#include <AppKit/NSView.h>
+#include <AppKit/NSWindow.h>
+#include <AppKit/NSPanel.h>

@@ -3,9 +3,14 @@
 #include <Foundation/Foundation.h>
 #include <sys/types.h>
 
-// https://developer.apple.com/documentation/appkit/nsapplication/activationpolicy
+// https://developer.apple.com/documentation/appkit/nsapplication/activationpolicy-swift.enum
 typedef NSInteger NSApplicationActivationPolicy;
-enum : NSApplicationActivationPolicy { NSApplicationActivationPolicyRegular = 0 };
+enum : NSApplicationActivationPolicy {
+    // https://developer.apple.com/documentation/appkit/nsapplication/activationpolicy-swift.enum/regular
+    NSApplicationActivationPolicyRegular = 0,
+    // https://developer.apple.com/documentation/appkit/nsapplication/activationpolicy-swift.enum/accessory
+    NSApplicationActivationPolicyAccessory = 1,
+};
 
 // https://developer.apple.com/documentation/appkit/nsapplication/activationoptions
 typedef NSUInteger NSApplicationActivationOptions;

@@ -13,6 +13,10 @@
 @property(readonly, copy) NSArray<NSRunningApplication*>* runningApplications;
 // https://developer.apple.com/documentation/appkit/nsworkspace/frontmostapplication
 @property(readonly, strong) NSRunningApplication* frontmostApplication;
+// https://developer.apple.com/documentation/appkit/nsworkspace/open(_:)
+- (BOOL)openURL:(NSURL*)url;
+// https://developer.apple.com/documentation/appkit/nsworkspace/accessibilitydisplayshouldreducetransparency
+@property(readonly) BOOL accessibilityDisplayShouldReduceTransparency;
 @end
 
 extern "C" {

@@ -16,3 +16,7 @@
 #include <Foundation/NSBundle.h>
 #include <Foundation/NSNotification.h>
 #include <Foundation/NSOperation.h>
+#include <Foundation/NSObjCRuntime.h>
+#include <Foundation/NSUserDefaults.h>
+#include <Foundation/NSAppleEventDescriptor.h>
+#include <Foundation/NSAppleScript.h>

@@ -44,6 +44,8 @@
 @property(readonly) unsigned int unsignedIntValue;
 // https://developer.apple.com/documentation/foundation/nsnumber/doublevalue
 @property(readonly) double doubleValue;
+// https://developer.apple.com/documentation/foundation/nsnumber/integervalue
+@property(readonly) NSInteger integerValue;
 @end
 
 // https://developer.apple.com/documentation/foundation/nsmutablearray

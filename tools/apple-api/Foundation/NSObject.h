@@ -31,6 +31,8 @@ __attribute__((objc_root_class))
 - (BOOL)isKindOfClass:(Class)aClass;
 // https://developer.apple.com/documentation/objectivec/nsobject/1418691-class
 + (Class)class;
+// https://developer.apple.com/documentation/objectivec/1418956-nsobject/1418746-description
+@property(readonly, copy) NSString* description;
 @end
 
 // https://developer.apple.com/documentation/foundation/nscopying

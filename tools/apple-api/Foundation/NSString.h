@@ -17,4 +17,6 @@ enum : NSStringEncoding { NSUTF8StringEncoding = 4 };
 @property(readonly) const char* UTF8String;
 // https://developer.apple.com/documentation/foundation/nsstring/1407803-isequaltostring
 - (BOOL)isEqualToString:(NSString*)other;
+// https://developer.apple.com/documentation/foundation/nsstring/1412307-stringbyappendingstring
+- (NSString*)stringByAppendingString:(NSString*)other;
 @end
