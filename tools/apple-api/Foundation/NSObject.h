@@ -38,6 +38,3 @@ __attribute__((objc_root_class))
 // https://developer.apple.com/documentation/foundation/nscopying
 @protocol NSCopying
 @end
-
-// https://developer.apple.com/documentation/objectivec/nil
-#define nil nullptr
