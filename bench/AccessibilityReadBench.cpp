@@ -1,14 +1,14 @@
+#include "BenchArguments.h"
+#include "DesktopConnection.h"
+#include "ElapsedTime.h"
 #include "EventLoopWait.h"
-#include "Percentile.h"
 #include "PrivateSessionBus.h"
+#include "SampleFigures.h"
 #include "TestFieldProcess.h"
-#include "core/EventLoopClock.h"
 #include "exchange/AccessibilityTextReader.h"
 #include "exchange/FocusService.h"
 #include "platform/x11/AtspiAccessibilityTree.h"
 #include "platform/x11/X11ApplicationWorkspace.h"
-#include "platform/x11/X11DisplayConnection.h"
-#include "platform/x11/X11EventPump.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -65,7 +65,7 @@ Row measure(const QString& name, const std::function<QString()>& operation, int 
         QElapsedTimer timer;
         timer.start();
         const QString text = operation();
-        const double elapsed = double(timer.nsecsElapsed()) / 1e6;
+        const double elapsed = millisecondsSince(timer);
         if (round >= 0) {
             row.samples.append(elapsed);
             row.found += text == selection ? 1 : 0;
@@ -84,8 +84,8 @@ Row measure(const QString& name, const std::function<QString()>& operation, int 
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    const int iterations = argc > 1 ? std::max(1, QByteArray(argv[1]).toInt()) : 200;
-    const int labels = argc > 2 ? std::max(1, QByteArray(argv[2]).toInt()) : 2000;
+    const int iterations = countArgument(argc, argv, 1, 200, 1);
+    const int labels = countArgument(argc, argv, 2, 2000, 1);
     QTextStream err(stderr);
     PrivateSessionBus bus;
     if (!bus.start()) {
@@ -97,14 +97,12 @@ int main(int argc, char** argv)
         err << "the session bus did not start the accessibility bus launcher\n";
         return 1;
     }
-    const X11DisplayConnection display;
-    if (!display) {
+    DesktopConnection desktop;
+    if (!desktop.connection) {
         err << "needs an X server\n";
         return 1;
     }
-    EventLoopClock clock;
-    X11EventPump pump(display.get(), clock);
-    X11ApplicationWorkspace workspace(pump);
+    X11ApplicationWorkspace workspace(desktop.pump);
 
     // Accessibility is on before the field starts, so it needs no variable to expose its tree.
     pauseFor(300ms);
@@ -140,25 +138,12 @@ int main(int argc, char** argv)
 
     QTextStream out(stdout);
     out << "selectedText() on a window of " << elements << " accessible elements, milliseconds\n\n";
-    out << QStringLiteral("%1 %2 %3 %4 %5 %6\n")
-               .arg(QStringLiteral("focus from"), -14)
-               .arg(QStringLiteral("found"), 9)
-               .arg(QStringLiteral("p50"), 8)
-               .arg(QStringLiteral("p95"), 8)
-               .arg(QStringLiteral("min"), 8)
-               .arg(QStringLiteral("max"), 8);
+    out << QStringLiteral("focus from").leftJustified(14) << ' ' << QStringLiteral("found").rightJustified(9)
+        << ' ' << figureHeader(8) << '\n';
     for (const Row& row : rows) {
-        const bool any = !row.samples.isEmpty();
-        const auto figure = [&](double fraction) {
-            return any ? QString::number(percentile(row.samples, fraction), 'f', 2) : QStringLiteral("-");
-        };
-        out << QStringLiteral("%1 %2 %3 %4 %5 %6\n")
-                   .arg(row.name, -14)
-                   .arg(QStringLiteral("%1/%2").arg(row.found).arg(row.samples.size()), 9)
-                   .arg(figure(0.5), 8)
-                   .arg(figure(0.95), 8)
-                   .arg(figure(0.0), 8)
-                   .arg(figure(1.0), 8);
+        out << row.name.leftJustified(14) << ' '
+            << QStringLiteral("%1/%2").arg(row.found).arg(row.samples.size()).rightJustified(9) << ' '
+            << figureCells(row.samples, 8, 2) << '\n';
     }
     out << "\nA cold read finds the focus only within " << AtspiAccessibilityTree::focusSearchLimit
         << " elements or " << AtspiAccessibilityTree::focusSearchBudget.count()

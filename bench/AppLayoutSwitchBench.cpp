@@ -6,22 +6,21 @@
 // repeat, which the switch at activation has to beat.
 // Needs a private X server with a window manager (tests/x11/with-xvfb.sh) and setxkbmap.
 // Usage: mivora_app_layout_bench [ACTIVATIONS], 30 by default.
+#include "BenchMain.h"
+#include "DesktopConnection.h"
+#include "DesktopTools.h"
+#include "ElapsedTime.h"
 #include "EventLoopWait.h"
-#include "Percentile.h"
 #include "ResidentAppProcess.h"
+#include "SampleFigures.h"
 #include "TestFieldProcess.h"
 #include "core/AppLayoutRule.h"
-#include "core/EventLoopClock.h"
 #include "platform/x11/X11ApplicationWorkspace.h"
-#include "platform/x11/X11DisplayConnection.h"
-#include "platform/x11/X11EventPump.h"
 #include "platform/x11/X11InputSources.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QTextStream>
 #include <QUuid>
-#include <algorithm>
 
 using namespace std::chrono_literals;
 
@@ -41,8 +40,7 @@ public:
             err << "needs an X server with an EWMH window manager\n";
             return false;
         }
-        if (!runTool(QStringLiteral("setxkbmap"), {QStringLiteral("-layout"), QStringLiteral("us,ru")})) {
-            err << "setxkbmap failed\n";
+        if (!useUsAndRuLayouts()) {
             return false;
         }
         const QList<AppLayoutRule> rules{{QUuid::createUuid(), QStringLiteral("MivoraRuledField"),
@@ -59,7 +57,7 @@ public:
         return true;
     }
 
-    bool measure(int activations)
+    bool run(int activations)
     {
         QList<double> toFront;
         QList<double> toSwitched;
@@ -79,7 +77,7 @@ public:
             std::optional<double> switched;
             spinUntil(
                 [&] {
-                    const double now = double(timer.nsecsElapsed()) / 1e6;
+                    const double now = millisecondsSince(timer);
                     if (!front && isFront(m_ruled)) {
                         front = now;
                     }
@@ -101,12 +99,7 @@ public:
             pauseFor(900ms);
         }
         const auto line = [](const QString& label, const QList<double>& samples) {
-            return QStringLiteral("  %1 p50 %2 ms  p95 %3 ms  (min %4, max %5)\n")
-                .arg(label)
-                .arg(percentile(samples, 0.5), 6, 'f', 1)
-                .arg(percentile(samples, 0.95), 6, 'f', 1)
-                .arg(*std::min_element(samples.begin(), samples.end()), 0, 'f', 1)
-                .arg(*std::max_element(samples.begin(), samples.end()), 0, 'f', 1);
+            return QStringLiteral("  %1 %2  %3\n").arg(label, medianAndTail(samples, 6), rangeOf(samples));
         };
         out << "Ruled window activated (_NET_ACTIVE_WINDOW), " << activations
             << " activations, alternating with a window without a rule reset to us by hand\n"
@@ -151,10 +144,8 @@ private:
     }
 
     X11InputSources m_keyboard;
-    X11DisplayConnection m_connection;
-    EventLoopClock m_clock;
-    X11EventPump m_pump{m_connection.get(), m_clock};
-    X11ApplicationWorkspace m_workspace{m_pump};
+    DesktopConnection m_desktop;
+    X11ApplicationWorkspace m_workspace{m_desktop.pump};
     ResidentAppProcess m_app{QStringLiteral(MIVORA_BINARY)};
     TestFieldProcess m_ruled;
     TestFieldProcess m_plain;
@@ -164,8 +155,5 @@ private:
 
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
-    const int activations = argc > 1 ? std::max(1, QByteArray(argv[1]).toInt()) : 30;
-    Driver driver;
-    return driver.start() && driver.measure(activations) ? 0 : 1;
+    return runBenchmark<Driver>(argc, argv, 30, 1);
 }

@@ -1,7 +1,9 @@
 // mivora-backend over a model server that answers at once: requests per second and the latency it adds at 1,
 // 16 and 64 concurrent clients (compared with the same clients talking to the model server directly), and
 // the memory 1,000 live assistant conversations take.
-#include "Percentile.h"
+#include "BenchArguments.h"
+#include "ProcessMemory.h"
+#include "SampleFigures.h"
 #include "ScriptedHttpServer.h"
 #include "core/BackendAction.h"
 #include "core/PromptStyle.h"
@@ -10,7 +12,6 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -95,18 +96,6 @@ quint16 freePort()
     return probe.serverPort();
 }
 
-long residentKiB(qint64 pid)
-{
-    QFile status(QStringLiteral("/proc/%1/status").arg(pid));
-    status.open(QIODevice::ReadOnly);
-    for (const QByteArray& line : status.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:")) {
-            return line.mid(6).trimmed().split(' ').first().toLong();
-        }
-    }
-    return -1;
-}
-
 // A backend process in front of the upstream; stopped when it goes out of scope.
 std::unique_ptr<QProcess> startBackend(const QString& upstream, quint16 port)
 {
@@ -137,7 +126,7 @@ int main(int argc, char** argv)
     QCoreApplication app(argc, argv);
     // Access lines would flood the terminal; the figures are all that matter here.
     qputenv("QT_LOGGING_RULES", "default.info=false");
-    const auto duration = std::chrono::milliseconds(argc > 1 ? std::atoi(argv[1]) : 3000);
+    const auto duration = std::chrono::milliseconds(countArgument(argc, argv, 1, 3000, 0));
 
     ScriptedHttpServer upstream;
     const QJsonObject answer{
@@ -169,11 +158,11 @@ int main(int argc, char** argv)
     const std::unique_ptr<QProcess> sessions = startBackend(upstream.baseUrl() + "/v1", sessionPort);
     const QUrl sessionUrl(QStringLiteral("http://127.0.0.1:%1/macos/ai").arg(sessionPort));
     load(sessionUrl, 16, std::chrono::seconds(30), 64);
-    const long before = residentKiB(sessions->processId());
+    const long before = residentKibibytes(sessions->processId()).value_or(-1);
     const Run filled = load(sessionUrl, 16, std::chrono::seconds(60), 1000, [](int index) {
         return requestBody(BackendAction::assistant, QStringLiteral("session-%1").arg(index));
     });
-    const long after = residentKiB(sessions->processId());
+    const long after = residentKibibytes(sessions->processId()).value_or(-1);
     std::printf("1000 assistant sessions: RSS %ld KiB -> %ld KiB (%+ld KiB, %.2f KiB each), failures %d\n",
                 before, after, after - before, double(after - before) / 1000.0, filled.failures);
     return 0;

@@ -5,14 +5,19 @@
 //   controller and panel);
 // - resident memory (VmRSS) of each program one second after its window with the history opened.
 // Needs a private X server with a window manager (tests/x11/with-xvfb.sh) and copyq.
+#include "BenchMain.h"
+#include "DesktopTools.h"
+#include "ElapsedTime.h"
 #include "EventLoopWait.h"
 #include "FakeAccessibilityTree.h"
 #include "FakeApplicationWorkspace.h"
 #include "FakePasteboard.h"
 #include "FakeTextExchange.h"
 #include "MemoryDefaultsStore.h"
-#include "Percentile.h"
+#include "PeerProcess.h"
+#include "ProcessMemory.h"
 #include "ResidentAppProcess.h"
+#include "SampleFigures.h"
 #include "TestClock.h"
 #include "X11TestClient.h"
 #include "clipboard/ClipboardHistoryService.h"
@@ -23,18 +28,15 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 // Xlib names an event type KeyPress, which would hide Qt's.
 #undef KeyPress
-#include <functional>
 
 using namespace std::chrono_literals;
 
@@ -57,32 +59,6 @@ QByteArray historyBlob()
         items.append(ClipboardHistoryItem::make(itemText(index), now.addSecs(-index)));
     }
     return ClipboardHistoryItem::encodeList(items);
-}
-
-double residentMegabytes(qint64 pid)
-{
-    QFile status(QStringLiteral("/proc/%1/status").arg(pid));
-    if (!status.open(QIODevice::ReadOnly)) {
-        return 0;
-    }
-    for (const QByteArray& line : status.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:")) {
-            return line.mid(6).trimmed().split(' ').first().toDouble() / 1024.0;
-        }
-    }
-    return 0;
-}
-
-double millisecondsUntil(const QElapsedTimer& since, const std::function<bool()>& done,
-                         std::chrono::milliseconds guard = 20s)
-{
-    while (since.elapsed() < guard.count()) {
-        if (done()) {
-            return double(since.nsecsElapsed()) / 1e6;
-        }
-        pauseFor(1ms);
-    }
-    return -1;
 }
 
 // The viewable top-level window with this title, searched below the window manager's frames.
@@ -194,24 +170,14 @@ AppSamples runMivora(Display* dpy, const QByteArray& blob, int shows)
 }
 
 // CopyQ with the same texts, newest first, its window opened on them.
-double runCopyq(const QString& unused)
+double runCopyq()
 {
-    Q_UNUSED(unused);
-    ResidentAppProcess home{QStringLiteral("copyq")};
-    QProcess server;
-    server.setProcessEnvironment(home.environment());
-    server.start(QStringLiteral("copyq"), {});
-    if (!server.waitForStarted()) {
-        out << "copyq did not start (apt-get install copyq)" << Qt::endl;
+    PeerProcess copyq{QStringLiteral("copyq")};
+    if (!copyq.start()) {
         return 0;
     }
     pauseFor(2s);
-    const auto client = [&](const QStringList& arguments) {
-        QProcess command;
-        command.setProcessEnvironment(home.environment());
-        command.start(QStringLiteral("copyq"), arguments);
-        return command.waitForFinished(300000) && command.exitCode() == 0;
-    };
+    const auto client = [&](const QStringList& arguments) { return copyq.command(arguments, 300s); };
     const QString script = QStringLiteral("for (var i = %1 - 1; i >= 0; --i) {"
                                           "  var head = 'item ' + ('000' + i).slice(-4) + ' ';"
                                           "  var size = i %% 10 == 0 ? 1048576 : 2048;"
@@ -224,9 +190,8 @@ double runCopyq(const QString& unused)
         out << "copyq did not take the history" << Qt::endl;
     }
     pauseFor(1s);
-    const double rss = residentMegabytes(server.processId());
+    const double rss = residentMegabytes(copyq.processId());
     client({QStringLiteral("exit")});
-    server.waitForFinished(10000);
     return rss;
 }
 
@@ -279,48 +244,56 @@ QList<double> searchKeystrokes(const QByteArray& blob)
             QApplication::sendEvent(search, &press);
             QApplication::processEvents();
             panel->repaint();
-            times.append(double(since.nsecsElapsed()) / 1e6);
+            times.append(millisecondsSince(since));
         }
     }
     controller.hide();
     return times;
 }
 
-QString summary(const QList<double>& values, const char* unit)
+QString summary(const QList<double>& values)
 {
-    if (values.isEmpty()) {
-        return QStringLiteral("n/a");
-    }
-    return QStringLiteral("p50 %1 %3, p95 %2 %3, max %4 %3")
-        .arg(percentile(values, 0.5), 0, 'f', 1)
-        .arg(percentile(values, 0.95), 0, 'f', 1)
-        .arg(QLatin1String(unit))
-        .arg(*std::max_element(values.begin(), values.end()), 0, 'f', 1);
+    return values.isEmpty() ? medianAndTail(values)
+                            : medianAndTail(values) + QStringLiteral("  ") + rangeOf(values);
 }
+
+// The history written once, then both programs on it, then the search keystrokes in this process.
+class Bench {
+public:
+    bool start()
+    {
+        if (!desktopReady(m_display.get())) {
+            return false;
+        }
+        m_blob = historyBlob();
+        out << "history: " << itemCount << " items, "
+            << QString::number(double(m_blob.size()) / 1048576.0, 'f', 1) << " MiB stored" << Qt::endl;
+        return true;
+    }
+
+    bool run(int shows)
+    {
+        const AppSamples mivora = runMivora(m_display.get(), m_blob, shows);
+        const double copyqRss = runCopyq();
+        const QList<double> keystrokes = searchKeystrokes(m_blob);
+
+        out << "hotkey to panel painted:  first show " << QString::number(mivora.firstShow, 'f', 1)
+            << " ms; later " << summary(mivora.laterShows) << Qt::endl;
+        out << "search keystroke to list repainted: " << summary(keystrokes) << Qt::endl;
+        out << "RSS 1 s after the window opened on the history: mivora "
+            << QString::number(mivora.rss, 'f', 1) << " MiB; copyq " << QString::number(copyqRss, 'f', 1)
+            << " MiB" << Qt::endl;
+        return true;
+    }
+
+private:
+    X11DisplayConnection m_display;
+    QByteArray m_blob;
+};
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
-    const int shows = argc > 1 ? QString::fromLatin1(argv[1]).toInt() : 20;
-    Display* dpy = XOpenDisplay(nullptr);
-    if (dpy == nullptr || !waitForWindowManager()) {
-        out << "needs a private X server with a window manager: tests/x11/with-xvfb.sh" << Qt::endl;
-        return 1;
-    }
-    const QByteArray blob = historyBlob();
-    out << "history: " << itemCount << " items, " << QString::number(double(blob.size()) / 1048576.0, 'f', 1)
-        << " MiB stored" << Qt::endl;
-    const AppSamples mivora = runMivora(dpy, blob, shows);
-    const double copyqRss = runCopyq({});
-    const QList<double> keystrokes = searchKeystrokes(blob);
-
-    out << "hotkey to panel painted:  first show " << QString::number(mivora.firstShow, 'f', 1)
-        << " ms; later " << summary(mivora.laterShows, "ms") << Qt::endl;
-    out << "search keystroke to list repainted: " << summary(keystrokes, "ms") << Qt::endl;
-    out << "RSS 1 s after the window opened on the history: mivora " << QString::number(mivora.rss, 'f', 1)
-        << " MiB; copyq " << QString::number(copyqRss, 'f', 1) << " MiB" << Qt::endl;
-    XCloseDisplay(dpy);
-    return 0;
+    return runBenchmark<Bench>(argc, argv, 20, 0);
 }

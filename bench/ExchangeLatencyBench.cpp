@@ -1,14 +1,15 @@
 #include "AwaitTask.h"
-#include "Percentile.h"
+#include "BenchMain.h"
+#include "ClipboardRouteFloor.h"
+#include "ElapsedTime.h"
+#include "EventLoopWait.h"
+#include "SampleFigures.h"
 #include "TestFieldProcess.h"
 #include "X11ExchangeStack.h"
-#include "core/PasteboardTiming.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QTextStream>
 #include <algorithm>
-#include <cmath>
 #include <functional>
 #include <memory>
 
@@ -16,55 +17,44 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Every synthetic shortcut is held this long between its press and its release (sendShortcut).
-constexpr int shortcutHold = 20;
-
-struct Floor {
-    int milliseconds = 0;
-    QString composition;
-};
-
-// With selection of everything before the copy, no modifier held (so the modifier wait costs nothing) and
-// the first copy attempt finding the text; the restore delay plays no part in a read.
-Floor readFloor(const PasteboardTiming& t)
-{
-    if (t.copyDelay == 0) {
-        return {t.activationDelay + shortcutHold + t.selectAllDelay + shortcutHold,
-                QStringLiteral("activation %1 + A hold %2 + select-all %3 + C hold %2 + copied-text poll "
-                               "(2 ms steps, no fixed wait)")
-                    .arg(t.activationDelay)
-                    .arg(shortcutHold)
-                    .arg(t.selectAllDelay)};
-    }
-    return {
-        t.activationDelay + shortcutHold + t.selectAllDelay + shortcutHold + t.copyDelay,
-        QStringLiteral("activation %1 + A hold %2 + select-all %3 + C hold %2 + copy delay %4 (attempt 0)")
-            .arg(t.activationDelay)
-            .arg(shortcutHold)
-            .arg(t.selectAllDelay)
-            .arg(t.copyDelay)};
-}
-
-Floor pasteFloor(const PasteboardTiming& t)
-{
-    return {t.activationDelay + t.pasteDelay + shortcutHold + t.restoreDelay,
-            QStringLiteral("activation %1 + paste delay %2 + V hold %3 + restore delay %4")
-                .arg(t.activationDelay)
-                .arg(t.pasteDelay)
-                .arg(shortcutHold)
-                .arg(t.restoreDelay)};
-}
-
 struct Result {
     QString path;
     QString timing;
-    Floor floor;
+    int floor = 0;
+    QString floorSteps;
     QList<double> samples;
     int failures = 0;
 };
 
 const QString selectedText = QStringLiteral("  selected words  ");
 const QString pastedText = QStringLiteral("pasted result");
+
+void print(const QList<Result>& results, int iterations)
+{
+    QTextStream out(stdout);
+    out << "Exchange latency against the test text field, " << iterations
+        << " timed iterations per row (after one untimed round), milliseconds\n\n";
+    out << QStringLiteral("path").leftJustified(6) << ' ' << QStringLiteral("timing").leftJustified(9) << ' '
+        << QStringLiteral("ok").rightJustified(6) << ' ' << figureHeader(8) << ' '
+        << QStringLiteral("floor").rightJustified(6) << ' ' << QStringLiteral("p50-floor").rightJustified(10)
+        << '\n';
+    for (const Result& r : results) {
+        const QString aboveFloor = r.samples.isEmpty()
+                                       ? QStringLiteral("-")
+                                       : QString::number(percentile(r.samples, 0.5) - r.floor, 'f', 1);
+        out << r.path.leftJustified(6) << ' ' << r.timing.leftJustified(9) << ' '
+            << QStringLiteral("%1/%2")
+                   .arg(r.samples.size())
+                   .arg(r.samples.size() + r.failures)
+                   .rightJustified(6)
+            << ' ' << figureCells(r.samples, 8, 1) << ' ' << QString::number(r.floor).rightJustified(6) << ' '
+            << aboveFloor.rightJustified(10) << '\n';
+    }
+    out << "\nFloor = the sleeps the algorithm mandates on that path:\n";
+    for (const Result& r : results) {
+        out << "  " << r.path << ' ' << r.timing << " = " << r.floor << " ms: " << r.floorSteps << '\n';
+    }
+}
 
 // The stack of the resident app's exchange, with this process as the clipboard owner and the real window
 // manager and XTest between it and the field.
@@ -76,8 +66,7 @@ public:
             QTextStream(stderr) << "needs an X server with XFixes and XTest\n";
             return false;
         }
-        if (!spinUntil(
-                [] { return runTool(QStringLiteral("wmctrl"), {QStringLiteral("-m")}).has_value(); })) {
+        if (!waitForWindowManager()) {
             QTextStream(stderr) << "needs an EWMH window manager\n";
             return false;
         }
@@ -92,12 +81,28 @@ public:
         return true;
     }
 
+    // Every path under both timings; true when every operation landed.
+    bool run(int iterations)
+    {
+        const QString standard = QStringLiteral("standard");
+        const QString quick = QStringLiteral("quick");
+        const QList<Result> results{
+            read(standard, PasteboardTiming::standardTiming(), iterations),
+            read(quick, PasteboardTiming::quickTiming(), iterations),
+            paste(standard, PasteboardTiming::standardTiming(), iterations),
+            paste(quick, PasteboardTiming::quickTiming(), iterations),
+        };
+        print(results, iterations);
+        return std::all_of(results.begin(), results.end(), [](const Result& r) { return r.failures == 0; });
+    }
+
+private:
     // One untimed round first, so first-use costs (connections, font loading in the field) stay out.
-    Result measure(const QString& path, const QString& timingName, const Floor& floor,
+    Result measure(const QString& path, const QString& timingName, int floor, const QString& floorSteps,
                    const std::function<bool()>& prepare, const std::function<QCoro::Task<>()>& operation,
                    const std::function<bool()>& landed, int iterations)
     {
-        Result result{path, timingName, floor, {}, 0};
+        Result result{path, timingName, floor, floorSteps, {}, 0};
         for (int round = -1; round < iterations; ++round) {
             if (!prepare()) {
                 result.failures += round < 0 ? 0 : 1;
@@ -111,7 +116,7 @@ public:
             } catch (const std::exception&) {
                 ok = false;
             }
-            const double elapsed = double(timer.nsecsElapsed()) / 1e6;
+            const double elapsed = millisecondsSince(timer);
             ok = ok && landed();
             if (round < 0) {
                 continue;
@@ -128,8 +133,10 @@ public:
     Result read(const QString& timingName, PasteboardTiming timing, int iterations)
     {
         auto text = std::make_shared<QString>();
+        // The service selects everything before the copy, as the benchmark asks it to.
+        const ClipboardRouteFloor floor = ClipboardRouteFloor::read(timing, true);
         return measure(
-            QStringLiteral("read"), timingName, readFloor(timing),
+            QStringLiteral("read"), timingName, floor.toRead(), floor.derivation(),
             [&] {
                 text->clear();
                 return m_field.setText(selectedText);
@@ -143,8 +150,9 @@ public:
 
     Result paste(const QString& timingName, PasteboardTiming timing, int iterations)
     {
+        const ClipboardRouteFloor floor = ClipboardRouteFloor::paste(timing);
         return measure(
-            QStringLiteral("paste"), timingName, pasteFloor(timing),
+            QStringLiteral("paste"), timingName, floor.toRestored(), floor.derivation(),
             [&] {
                 // The field's "set" command cannot carry an empty text, so the old text is selected for the
                 // paste to replace.
@@ -158,7 +166,6 @@ public:
             iterations);
     }
 
-private:
     // A member rather than a coroutine lambda, so the frame never refers to a closure that may be gone.
     QCoro::Task<> readInto(std::shared_ptr<QString> text, PasteboardTiming timing)
     {
@@ -168,67 +175,11 @@ private:
     TestFieldProcess m_field;
 };
 
-void print(const QList<Result>& results, int iterations)
-{
-    QTextStream out(stdout);
-    out << "Exchange latency against the test text field, " << iterations
-        << " timed iterations per row (after one untimed round), milliseconds\n\n";
-    out << QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8 %9\n")
-               .arg(QStringLiteral("path"), -6)
-               .arg(QStringLiteral("timing"), -9)
-               .arg(QStringLiteral("ok"), 6)
-               .arg(QStringLiteral("p50"), 8)
-               .arg(QStringLiteral("p95"), 8)
-               .arg(QStringLiteral("min"), 8)
-               .arg(QStringLiteral("max"), 8)
-               .arg(QStringLiteral("floor"), 6)
-               .arg(QStringLiteral("p50-floor"), 10);
-    for (const Result& r : results) {
-        const bool any = !r.samples.isEmpty();
-        const auto figure = [&](double value) {
-            return any ? QString::number(value, 'f', 1) : QStringLiteral("-");
-        };
-        const double p50 = any ? percentile(r.samples, 0.5) : 0;
-        out << QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8 %9\n")
-                   .arg(r.path, -6)
-                   .arg(r.timing, -9)
-                   .arg(QStringLiteral("%1/%2").arg(r.samples.size()).arg(r.samples.size() + r.failures), 6)
-                   .arg(figure(p50), 8)
-                   .arg(figure(any ? percentile(r.samples, 0.95) : 0), 8)
-                   .arg(figure(any ? *std::min_element(r.samples.begin(), r.samples.end()) : 0), 8)
-                   .arg(figure(any ? *std::max_element(r.samples.begin(), r.samples.end()) : 0), 8)
-                   .arg(r.floor.milliseconds, 6)
-                   .arg(figure(p50 - r.floor.milliseconds), 10);
-    }
-    out << "\nFloor = the sleeps the algorithm mandates on that path:\n";
-    for (const Result& r : results) {
-        out << "  " << r.path << ' ' << r.timing << " = " << r.floor.milliseconds
-            << " ms: " << r.floor.composition << '\n';
-    }
-}
-
 } // namespace
 
 // The two clipboard paths of the exchange against a real X client. Needs a private X server with a window
 // manager (tests/x11/with-xvfb.sh). Usage: mivora_exchange_latency_bench [ITERATIONS], 20 by default.
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
-    const int iterations = argc > 1 ? std::max(1, QByteArray(argv[1]).toInt()) : 20;
-    Bench bench;
-    if (!bench.start()) {
-        return 1;
-    }
-    const QString standard = QStringLiteral("standard");
-    const QString quick = QStringLiteral("quick");
-    const QList<Result> results{
-        bench.read(standard, PasteboardTiming::standardTiming(), iterations),
-        bench.read(quick, PasteboardTiming::quickTiming(), iterations),
-        bench.paste(standard, PasteboardTiming::standardTiming(), iterations),
-        bench.paste(quick, PasteboardTiming::quickTiming(), iterations),
-    };
-    print(results, iterations);
-    const bool allLanded =
-        std::all_of(results.begin(), results.end(), [](const Result& r) { return r.failures == 0; });
-    return allLanded ? 0 : 1;
+    return runBenchmark<Bench>(argc, argv, 20, 1);
 }

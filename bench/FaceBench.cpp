@@ -5,19 +5,22 @@
 //   panel), first show and later shows apart;
 // - resident memory (VmRSS) three seconds after start, with the main window closed.
 // Needs a private X server with a window manager (tests/x11/with-xvfb.sh), trayer and copyq.
+#include "BenchMain.h"
+#include "DesktopTools.h"
+#include "ElapsedTime.h"
 #include "EventLoopWait.h"
-#include "Percentile.h"
+#include "PeerProcess.h"
+#include "ProcessMemory.h"
 #include "ResidentAppProcess.h"
+#include "SampleFigures.h"
 #include "panels/StatusHUDController.h"
 #include "panels/views/StatusHUDPanel.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QProcess>
 #include <QTextStream>
 #include <X11/Xlib.h>
-#include <functional>
 #include <memory>
 
 using namespace std::chrono_literals;
@@ -78,49 +81,11 @@ bool dockedInTray(Display* dpy, qint64 pid, qint64 trayPid)
     return false;
 }
 
-double residentMegabytes(qint64 pid)
-{
-    QFile status(QStringLiteral("/proc/%1/status").arg(pid));
-    if (!status.open(QIODevice::ReadOnly)) {
-        return 0;
-    }
-    for (const QByteArray& line : status.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:")) {
-            return line.mid(6).trimmed().split(' ').first().toDouble() / 1024.0;
-        }
-    }
-    return 0;
-}
-
-// Milliseconds from now until done() holds, polling every millisecond; -1 when the guard ran out.
-double millisecondsUntil(const QElapsedTimer& since, const std::function<bool()>& done,
-                         std::chrono::milliseconds guard = 20s)
-{
-    while (since.elapsed() < guard.count()) {
-        if (done()) {
-            return double(since.nsecsElapsed()) / 1e6;
-        }
-        pauseFor(1ms);
-    }
-    return -1;
-}
-
 struct Samples {
     QList<double> docked;
     QList<double> hotkeys;
     QList<double> rss;
 };
-
-QString summary(const QList<double>& values, const char* unit)
-{
-    if (values.isEmpty()) {
-        return QStringLiteral("n/a");
-    }
-    return QStringLiteral("p50 %1 %3, p95 %2 %3")
-        .arg(percentile(values, 0.5), 0, 'f', 1)
-        .arg(percentile(values, 0.95), 0, 'f', 1)
-        .arg(QLatin1String(unit));
-}
 
 void runMivora(Display* dpy, qint64 trayPid, Samples& samples)
 {
@@ -131,7 +96,7 @@ void runMivora(Display* dpy, qint64 trayPid, Samples& samples)
         out << "mivora did not start: " << app.standardError() << Qt::endl;
         return;
     }
-    samples.hotkeys.append(double(since.nsecsElapsed()) / 1e6);
+    samples.hotkeys.append(millisecondsSince(since));
     samples.docked.append(
         millisecondsUntil(since, [&] { return dockedInTray(dpy, app.processId(), trayPid); }));
     pauseFor(3s);
@@ -141,29 +106,23 @@ void runMivora(Display* dpy, qint64 trayPid, Samples& samples)
 
 void runCopyq(Display* dpy, qint64 trayPid, Samples& samples)
 {
-    // The same private home as the resident app's, so CopyQ starts as on a first login too.
-    ResidentAppProcess home{QStringLiteral("copyq")};
-    QProcess copyq;
-    copyq.setProcessEnvironment(home.environment());
+    PeerProcess copyq{QStringLiteral("copyq")};
     QElapsedTimer since;
     since.start();
-    copyq.start(QStringLiteral("copyq"), {});
-    if (!copyq.waitForStarted()) {
-        out << "copyq did not start (apt-get install copyq)" << Qt::endl;
+    if (!copyq.start()) {
         return;
     }
     samples.docked.append(
         millisecondsUntil(since, [&] { return dockedInTray(dpy, copyq.processId(), trayPid); }));
     pauseFor(3s);
     samples.rss.append(residentMegabytes(copyq.processId()));
-    copyq.terminate();
-    copyq.waitForFinished(5000);
 }
 
 // Status published to overlay mapped, seen as the server's MapNotify on a second connection.
 QList<double> overlayTimes(int iterations, double& firstShow)
 {
-    Display* watcher = XOpenDisplay(nullptr);
+    const X11DisplayConnection connection;
+    Display* watcher = connection.get();
     XSelectInput(watcher, DefaultRootWindow(watcher), SubstructureNotifyMask);
     StatusHUDController controller([] { return std::make_unique<StatusHUDPanel>(); });
     const auto mapped = [&] {
@@ -191,51 +150,53 @@ QList<double> overlayTimes(int iterations, double& firstShow)
         controller.hide();
         pauseFor(100ms);
     }
-    XCloseDisplay(watcher);
     return times;
 }
+
+// The tray host, then the runs of both programs interleaved, then the overlay.
+class Bench {
+public:
+    bool start() { return desktopReady(m_display.get()); }
+
+    bool run(int runs)
+    {
+        Display* dpy = m_display.get();
+        QProcess tray;
+        if (!startTrayHost(tray)) {
+            out << "needs trayer" << Qt::endl;
+            return false;
+        }
+
+        Samples mivora;
+        Samples copyq;
+        for (int round = 0; round < runs; ++round) {
+            // Interleaved, so a slow moment of the shared machine falls on both.
+            runMivora(dpy, tray.processId(), mivora);
+            runCopyq(dpy, tray.processId(), copyq);
+        }
+        double firstShow = 0;
+        const QList<double> overlay = overlayTimes(30, firstShow);
+
+        out << "runs: " << runs << " each, interleaved, same private home and tray host" << Qt::endl;
+        out << "start to tray icon docked: mivora " << medianAndTail(mivora.docked) << "; copyq "
+            << medianAndTail(copyq.docked) << Qt::endl;
+        out << "start to hotkeys live:     mivora " << medianAndTail(mivora.hotkeys) << Qt::endl;
+        out << "idle RSS after 3 s:        mivora " << medianAndTail(mivora.rss, 0, QStringLiteral("MiB"))
+            << "; copyq " << medianAndTail(copyq.rss, 0, QStringLiteral("MiB")) << Qt::endl;
+        out << "status to overlay mapped:  first show " << QString::number(firstShow, 'f', 1) << " ms; later "
+            << medianAndTail(overlay) << Qt::endl;
+        tray.kill();
+        tray.waitForFinished();
+        return true;
+    }
+
+private:
+    X11DisplayConnection m_display;
+};
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
-    const int runs = argc > 1 ? QString::fromLatin1(argv[1]).toInt() : 10;
-    Display* dpy = XOpenDisplay(nullptr);
-    if (dpy == nullptr || !waitForWindowManager()) {
-        out << "needs a private X server with a window manager: tests/x11/with-xvfb.sh" << Qt::endl;
-        return 1;
-    }
-    QProcess tray;
-    tray.start(QStringLiteral("trayer"),
-               {QStringLiteral("--edge"), QStringLiteral("top"), QStringLiteral("--height"),
-                QStringLiteral("24"), QStringLiteral("--widthtype"), QStringLiteral("request")});
-    if (!tray.waitForStarted()) {
-        out << "needs trayer" << Qt::endl;
-        return 1;
-    }
-    pauseFor(1s);
-
-    Samples mivora;
-    Samples copyq;
-    for (int run = 0; run < runs; ++run) {
-        // Interleaved, so a slow moment of the shared machine falls on both.
-        runMivora(dpy, tray.processId(), mivora);
-        runCopyq(dpy, tray.processId(), copyq);
-    }
-    double firstShow = 0;
-    const QList<double> overlay = overlayTimes(30, firstShow);
-
-    out << "runs: " << runs << " each, interleaved, same private home and tray host" << Qt::endl;
-    out << "start to tray icon docked: mivora " << summary(mivora.docked, "ms") << "; copyq "
-        << summary(copyq.docked, "ms") << Qt::endl;
-    out << "start to hotkeys live:     mivora " << summary(mivora.hotkeys, "ms") << Qt::endl;
-    out << "idle RSS after 3 s:        mivora " << summary(mivora.rss, "MiB") << "; copyq "
-        << summary(copyq.rss, "MiB") << Qt::endl;
-    out << "status to overlay mapped:  first show " << QString::number(firstShow, 'f', 1) << " ms; later "
-        << summary(overlay, "ms") << Qt::endl;
-    tray.kill();
-    tray.waitForFinished();
-    XCloseDisplay(dpy);
-    return 0;
+    return runBenchmark<Bench>(argc, argv, 10, 0);
 }

@@ -4,6 +4,7 @@
 // and building and showing the Styles page with its 17 cards on its own. Painted means the last widget of the
 // window has received its first paint and the event queue has settled.
 #include "AppStateHarness.h"
+#include "BenchArguments.h"
 #include "shell/settings/views/StylesSettingsView.h"
 #include "shell/views/MainWindow.h"
 
@@ -100,6 +101,6 @@ int main(int argc, char** argv)
     qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
     QApplication app(argc, argv);
     QTextStream(stdout) << "platform: " << QGuiApplication::platformName() << "\n";
-    Bench().run(argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 15);
+    Bench().run(countArgument(argc, argv, 1, 15, 0));
     return 0;
 }

@@ -5,19 +5,16 @@
 // one placement, to the same window, and times them to the same settled frame.
 // Needs a private X server with a window manager (tests/x11/with-xvfb.sh).
 // Usage: mivora_tiling_latency_bench [PRESSES], 30 by default.
+#include "AppBesideField.h"
+#include "BenchMain.h"
+#include "DesktopConnection.h"
 #include "EventLoopWait.h"
-#include "Percentile.h"
-#include "ResidentAppProcess.h"
-#include "TestFieldProcess.h"
-#include "X11TestClient.h"
-#include "core/EventLoopClock.h"
+#include "HeldChord.h"
+#include "SampleFigures.h"
 #include "platform/x11/X11DesktopWindows.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QTextStream>
-#include <QTimer>
-#include <algorithm>
 #include <functional>
 
 using namespace std::chrono_literals;
@@ -52,21 +49,19 @@ struct Series {
     }
 };
 
+QString line(const QString& label, const QList<double>& values)
+{
+    return QStringLiteral("  %1 %2  %3\n").arg(label, -34).arg(medianAndTail(values)).arg(rangeOf(values));
+}
+
 class Driver {
 public:
     bool start()
     {
-        if (!m_keyboard.isConnected() || !waitForWindowManager()) {
-            QTextStream(stderr) << "needs an X server with an EWMH window manager\n";
+        if (!m_desk.start(QStringLiteral("MivoraBenchTiling"), QStringLiteral("Bench tiling"))) {
             return false;
         }
-        if (!m_app.start() || !m_app.waitForHotkeys() ||
-            !m_field.start(QStringLiteral("MivoraBenchTiling"), QStringLiteral("Bench tiling")) ||
-            !m_field.waitForFocus()) {
-            QTextStream(stderr) << "could not start the program and the window\n" << m_app.standardError();
-            return false;
-        }
-        const QString window = m_field.window().value_or(QString());
+        const QString window = m_desk.field().window().value_or(QString());
         m_window = window.toULongLong();
         // A window the size of a small editor, not of a bare text field.
         return m_window != 0 &&
@@ -76,24 +71,14 @@ public:
     // The chord toward the target's half, from the arrow's press to the frame settled.
     std::optional<Sample> chord(const QRect& target)
     {
-        const QStringList modifiers{QStringLiteral("Control_L"), QStringLiteral("Alt_L"),
-                                    QStringLiteral("Shift_L")};
-        for (const QString& modifier : modifiers) {
-            m_keyboard.press(modifier);
-            pauseFor(modifierGap);
-        }
-        const QString key = target == leftHalf ? QStringLiteral("Left") : QStringLiteral("Right");
-        bool released = false;
-        QTimer::singleShot(keyHold, [&] {
-            m_keyboard.release(key);
-            for (const QString& modifier : modifiers) {
-                m_keyboard.release(modifier);
-            }
-            released = true;
-        });
-        const std::optional<Sample> sample = timeToSettle(target, [&] { m_keyboard.press(key); });
+        HeldChord chord(m_desk.keyboard(),
+                        {QStringLiteral("Control_L"), QStringLiteral("Alt_L"), QStringLiteral("Shift_L")},
+                        target == leftHalf ? QStringLiteral("Left") : QStringLiteral("Right"), keyHold,
+                        modifierGap);
+        chord.pressModifiers();
+        const std::optional<Sample> sample = timeToSettle(target, [&] { chord.pressKey(); });
         // Never start the next press with this one's keys still down.
-        spinUntil([&] { return released; }, 1s);
+        chord.waitReleased();
         return sample;
     }
 
@@ -113,7 +98,57 @@ public:
         return QStringLiteral("%1,%2 %3x%4").arg(f.x()).arg(f.y()).arg(f.width()).arg(f.height());
     }
 
-    QString standardError() { return m_app.standardError(); }
+    QString standardError() { return m_desk.app().standardError(); }
+
+    bool run(int presses)
+    {
+        // The first chord takes the window from where it opened; it is not one of the timed presses.
+        if (!chord(leftHalf)) {
+            QTextStream(stderr) << "the first chord did not tile the window; it stands at " << frameText()
+                                << '\n'
+                                << standardError();
+            return false;
+        }
+        Series chords;
+        Series directs;
+        QRect target = rightHalf;
+        const auto flip = [&] { target = target == leftHalf ? rightHalf : leftHalf; };
+        // Chord and direct request take turns, each moving the window to the other half, so a busy moment of
+        // the machine falls on both alike.
+        for (int press = 0; press < presses; ++press) {
+            const std::optional<Sample> byChord = chord(target);
+            if (!byChord) {
+                QTextStream(stderr) << "chord " << press << ": the window stands at " << frameText() << '\n'
+                                    << standardError();
+                return false;
+            }
+            chords.add(*byChord);
+            flip();
+            const std::optional<Sample> byRequest = direct(target);
+            if (!byRequest) {
+                QTextStream(stderr) << "request " << press << ": the window stands at " << frameText()
+                                    << '\n';
+                return false;
+            }
+            directs.add(*byRequest);
+            flip();
+        }
+        QTextStream out(stdout);
+        out << "Tiling a window of another process between the screen's halves, " << presses
+            << " times each way, interleaved; the arrow held " << keyHold.count()
+            << " ms, the frame polled every "
+            << "~2 ms and settled once still for " << stillNs / 1'000'000 << " ms.\n"
+            << "Chord Control+Alt+Shift+Left/Right on the program, from the arrow's press:\n"
+            << line(QStringLiteral("press -> frame first moves"), chords.firstChange)
+            << line(QStringLiteral("press -> frame settled"), chords.settled)
+            << "Window manager alone: the program's three _NET_MOVERESIZE_WINDOW requests sent by the "
+               "bench:\n"
+            << line(QStringLiteral("request -> frame first moves"), directs.firstChange)
+            << line(QStringLiteral("request -> frame settled"), directs.settled)
+            << QStringLiteral("The program's share (difference of medians, press -> settled): %1 ms\n")
+                   .arg(percentile(chords.settled, 0.5) - percentile(directs.settled, 0.5), 0, 'f', 1);
+        return true;
+    }
 
 private:
     // Starts the action and polls the frame (every ~2 ms) until it has stood still at the target.
@@ -146,80 +181,15 @@ private:
         return Sample{double(*changedAt) / 1e6, double(*reachedAt) / 1e6};
     }
 
-    X11TestClient m_keyboard;
-    ResidentAppProcess m_app{QStringLiteral(MIVORA_BINARY)};
-    TestFieldProcess m_field;
-    EventLoopClock m_clock;
-    X11DisplayConnection m_connection;
-    X11EventPump m_pump{m_connection.get(), m_clock};
-    X11DesktopWindows m_windows{m_pump};
+    AppBesideField m_desk{QStringLiteral(MIVORA_BINARY)};
+    DesktopConnection m_desktop;
+    X11DesktopWindows m_windows{m_desktop.pump};
     DesktopWindows::WindowId m_window = 0;
 };
-
-QString line(const QString& label, const QList<double>& values)
-{
-    return QStringLiteral("  %1 p50 %2 ms  p95 %3 ms  (min %4, max %5)\n")
-        .arg(label, -34)
-        .arg(percentile(values, 0.5), 0, 'f', 1)
-        .arg(percentile(values, 0.95), 0, 'f', 1)
-        .arg(*std::min_element(values.begin(), values.end()), 0, 'f', 1)
-        .arg(*std::max_element(values.begin(), values.end()), 0, 'f', 1);
-}
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
-    const int presses = argc > 1 ? std::max(1, QByteArray(argv[1]).toInt()) : 30;
-    Driver driver;
-    if (!driver.start()) {
-        return 1;
-    }
-    // The first chord takes the window from where it opened; it is not one of the timed presses.
-    if (!driver.chord(leftHalf)) {
-        QTextStream(stderr) << "the first chord did not tile the window; it stands at " << driver.frameText()
-                            << '\n'
-                            << driver.standardError();
-        return 1;
-    }
-    Series chords;
-    Series directs;
-    QRect target = rightHalf;
-    const auto flip = [&] { target = target == leftHalf ? rightHalf : leftHalf; };
-    // Chord and direct request take turns, each moving the window to the other half, so a busy moment of
-    // the machine falls on both alike.
-    for (int press = 0; press < presses; ++press) {
-        const std::optional<Sample> byChord = driver.chord(target);
-        if (!byChord) {
-            QTextStream(stderr) << "chord " << press << ": the window stands at " << driver.frameText()
-                                << '\n'
-                                << driver.standardError();
-            return 1;
-        }
-        chords.add(*byChord);
-        flip();
-        const std::optional<Sample> byRequest = driver.direct(target);
-        if (!byRequest) {
-            QTextStream(stderr) << "request " << press << ": the window stands at " << driver.frameText()
-                                << '\n';
-            return 1;
-        }
-        directs.add(*byRequest);
-        flip();
-    }
-    QTextStream out(stdout);
-    out << "Tiling a window of another process between the screen's halves, " << presses
-        << " times each way, interleaved; the arrow held " << keyHold.count()
-        << " ms, the frame polled every "
-        << "~2 ms and settled once still for " << stillNs / 1'000'000 << " ms.\n"
-        << "Chord Control+Alt+Shift+Left/Right on the program, from the arrow's press:\n"
-        << line(QStringLiteral("press -> frame first moves"), chords.firstChange)
-        << line(QStringLiteral("press -> frame settled"), chords.settled)
-        << "Window manager alone: the program's three _NET_MOVERESIZE_WINDOW requests sent by the bench:\n"
-        << line(QStringLiteral("request -> frame first moves"), directs.firstChange)
-        << line(QStringLiteral("request -> frame settled"), directs.settled)
-        << QStringLiteral("The program's share (difference of medians, press -> settled): %1 ms\n")
-               .arg(percentile(chords.settled, 0.5) - percentile(directs.settled, 0.5), 0, 'f', 1);
-    return 0;
+    return runBenchmark<Driver>(argc, argv, 30, 1);
 }
