@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs every Debian package the build, the app and the tests need, plus any package named on the
-# command line (scripts/tidy.sh adds the clang tools). Idempotent: when everything is present it returns
-# without touching apt.
+# command line (scripts/tidy.sh adds the clang tools, scripts/fuzz.sh clang-14 and libFuzzer). Idempotent:
+# when everything is present it returns without touching apt.
 set -euo pipefail
 
 packages=(

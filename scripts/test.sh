@@ -41,3 +41,8 @@ if [ "${CI:-}" = "true" ] || [ "${MIVORA_TEST_SANITIZERS:-}" = "1" ]; then
     # makes meaningless; it runs in the plain build above.
     ctest --preset debug-asan -LE x11 -E '_NOT_BUILT$|KilledWhileSavingAlwaysLeavesLoadableFiles'
 fi
+
+# In CI every libFuzzer target runs for ten seconds on its seed corpus (only the libraries they need are built).
+if [ "${CI:-}" = "true" ]; then
+    scripts/fuzz.sh 10
+fi

@@ -6,7 +6,7 @@
 
 class NativeSettingsStore;
 
-// The settings record of the program and the lists copied from it (Parts 1.3, 1.5). Every edit builds the
+// The settings record of the program and the lists copied from it. Every edit builds the
 // next record and assigns it once: one save of the whole record, one announcement. GUI thread.
 class SettingsService : public QObject {
     Q_OBJECT
