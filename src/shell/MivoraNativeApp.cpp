@@ -78,7 +78,8 @@ const QString requestPermissionsOnLaunchKey = QStringLiteral("mivora.requestPerm
 
 MivoraNativeApp::MivoraNativeApp(const Views& views, QObject* parent)
     : QObject(parent), m_clock(std::make_unique<EventLoopClock>()),
-      m_defaults(std::make_unique<QSettingsDefaultsStore>()),
+      m_defaults(
+          std::make_unique<QSettingsDefaultsStore>(QStringList{ClipboardHistoryService::storageKey()})),
       m_settingsStore(std::make_unique<NativeSettingsStore>(*m_defaults)),
       m_platform(PlatformServices::create(*m_clock)), m_network(std::make_unique<QNetworkAccessManager>())
 {

@@ -3,6 +3,7 @@
 #include "MemoryDefaultsStore.h"
 #include "core/QSettingsDefaultsStore.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -223,11 +224,37 @@ TEST(NativeSettingsStoreOnDisk, TextBackedStoreRoundTripsTheRecord)
     const QString path = dir.filePath("settings.ini");
     const MivoraSettings saved = changedSettings();
     {
-        QSettingsDefaultsStore defaults(path, nullptr);
+        QSettingsDefaultsStore defaults(path, {}, nullptr);
         NativeSettingsStore(defaults).save(saved);
     }
-    QSettingsDefaultsStore defaults(path, nullptr);
+    QSettingsDefaultsStore defaults(path, {}, nullptr);
     EXPECT_EQ(NativeSettingsStore(defaults).load(), saved);
+}
+
+TEST(NativeSettingsStoreOnDisk, AKeyInItsOwnFileMovesOutOfTheSettingsFileAndSurvivesARestart)
+{
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    const QString path = dir.filePath("settings.ini");
+    const QString blobKey = QStringLiteral("mivora.blob");
+    {
+        QSettingsDefaultsStore before(path, {}, nullptr);
+        before.setValue(blobKey, QByteArray("from before"));
+        before.setValue(QStringLiteral("mivora.other"), 7);
+    }
+    {
+        QSettingsDefaultsStore defaults(path, {blobKey}, nullptr);
+        EXPECT_EQ(defaults.value(blobKey).toByteArray(), "from before") << "read where it was";
+        defaults.setValue(blobKey, QByteArray(1 << 20, 'x'));
+    }
+    QFile settingsFile(path);
+    ASSERT_TRUE(settingsFile.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(settingsFile.readAll().contains("blob")) << "moved out at its first write";
+    QSettingsDefaultsStore defaults(path, {blobKey}, nullptr);
+    EXPECT_EQ(defaults.value(blobKey).toByteArray(), QByteArray(1 << 20, 'x'));
+    EXPECT_EQ(defaults.value(QStringLiteral("mivora.other")).toInt(), 7);
+    defaults.remove(blobKey);
+    EXPECT_FALSE(defaults.contains(blobKey));
 }
 
 } // namespace
