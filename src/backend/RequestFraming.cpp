@@ -1,6 +1,7 @@
 #include "backend/RequestFraming.h"
 
 #include <QList>
+#include <limits>
 
 RequestFraming::RequestFraming(qint64 maxHeaderBytes, qint64 maxBodyBytes)
     : m_maxHeaderBytes(maxHeaderBytes), m_maxBodyBytes(maxBodyBytes)
@@ -36,7 +37,11 @@ RequestFraming::Step RequestFraming::take(QByteArrayView chunk)
                                       QStringLiteral("The request must give its Content-Length."));
                 return step;
             }
-            m_expected = end + 4 + *length;
+            // A client may claim any length; the count saturates rather than overflows.
+            const qint64 head = end + 4;
+            m_expected = *length > std::numeric_limits<qint64>::max() - head
+                             ? std::numeric_limits<qint64>::max()
+                             : head + *length;
             if (*length > m_maxBodyBytes) {
                 m_received += chunk.size();
                 step.refusal =
