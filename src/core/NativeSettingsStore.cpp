@@ -5,6 +5,7 @@
 
 #include <QJsonObject>
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -90,8 +91,9 @@ qint64 integerReading(const QVariant& value)
         if (ok) {
             return whole;
         }
+        // "nan" parses as a number but has no integer value; it reads as unreadable text does.
         const double real = text.toDouble(&ok);
-        return ok ? static_cast<qint64>(std::clamp(real, -9.0e18, 9.0e18)) : 0;
+        return ok && !std::isnan(real) ? static_cast<qint64>(std::clamp(real, -9.0e18, 9.0e18)) : 0;
     }
     const qint64 number = value.toLongLong(&ok);
     return ok ? number : 0;

@@ -112,6 +112,8 @@ TEST_F(NativeSettingsStoreTest, ClipboardLimitIsClampedAndStoredBooleansWin)
     EXPECT_EQ(loadWith("mivora.clipboardLimit", 5000).clipboardLimit, 1000);
     EXPECT_EQ(loadWith("mivora.clipboardLimit", "250").clipboardLimit, 250);
     EXPECT_EQ(loadWith("mivora.clipboardLimit", "lots").clipboardLimit, 1);
+    EXPECT_EQ(loadWith("mivora.clipboardLimit", "nan").clipboardLimit, 1);
+    EXPECT_EQ(loadWith("mivora.clipboardLimit", "-inf").clipboardLimit, 1);
     // Stored booleans win over the fallbacks, whatever their spelling.
     EXPECT_FALSE(loadWith("mivora.menuBarIconVisible", false).menuBarIconVisible);
     EXPECT_FALSE(loadWith("mivora.closeToMenuBar", 0).closeToMenuBar);
