@@ -129,7 +129,7 @@ QString BackendClient::resultOf(const HttpExchange::Response& response)
         throw BackendClientError::server(
             error.value_or(QStringLiteral("Backend returned HTTP %1.").arg(response.status)));
     }
-    const QString cleaned = cleanedResult(result.value_or(QString()));
+    QString cleaned = cleanedResult(result.value_or(QString()));
     if (cleaned.isEmpty()) {
         throw BackendClientError::emptyResult();
     }
