@@ -1,10 +1,11 @@
 #pragma once
 
+#include "backend/RequestFraming.h"
+
 #include <QByteArray>
 #include <QObject>
 #include <QTimer>
 #include <chrono>
-#include <optional>
 
 class QTcpSocket;
 
@@ -28,16 +29,10 @@ public:
 
 private:
     void inspect();
-    void refuse(const QByteArray& statusLine, const QString& text);
-    // The Content-Length of a complete header (0 when absent, over the limit when unreadable); none for a
-    // chunked body, which is not accepted.
-    std::optional<qint64> bodyLength(const QByteArray& header) const;
+    void refuse(const RequestFraming::Refusal& refusal);
 
     QTcpSocket& m_socket;
     Limits m_limits;
     QTimer m_deadline;
-    QByteArray m_head;
-    qint64 m_received = 0;
-    qint64 m_expected = -1;
-    bool m_refused = false;
+    RequestFraming m_framing;
 };

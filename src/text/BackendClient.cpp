@@ -114,7 +114,11 @@ QCoro::Task<QString> BackendClient::post(QByteArray body)
 
     const HttpExchange::Response response =
         co_await HttpExchange::send(m_network, request, QByteArrayLiteral("POST"), body, m_limits);
+    co_return resultOf(response);
+}
 
+QString BackendClient::resultOf(const HttpExchange::Response& response)
+{
     // Decoded before the status is looked at: a gateway's HTML error page is a decoding failure, not an
     // HTTP error.
     const QJsonObject answer = HttpExchange::decodeObject(response.body);
@@ -125,11 +129,11 @@ QCoro::Task<QString> BackendClient::post(QByteArray body)
         throw BackendClientError::server(
             error.value_or(QStringLiteral("Backend returned HTTP %1.").arg(response.status)));
     }
-    const QString cleaned = cleanedResult(result.value_or(QString()));
+    QString cleaned = cleanedResult(result.value_or(QString()));
     if (cleaned.isEmpty()) {
         throw BackendClientError::emptyResult();
     }
-    co_return cleaned;
+    return cleaned;
 }
 
 QCoro::Task<QString> BackendClient::sendReply(QString message, AIReplyStyle style, QString targetLanguage)

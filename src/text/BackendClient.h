@@ -44,6 +44,10 @@ public:
     // only echoes the message.
     QCoro::Task<QString> sendReply(QString message, AIReplyStyle style, QString targetLanguage);
 
+    // The cleaned result of one backend answer. Throws ResponseDecodingError for a body that is not the
+    // expected JSON object, BackendClientError for an HTTP error status or an empty result.
+    static QString resultOf(const HttpExchange::Response& response);
+
 private:
     QCoro::Task<QString> sendOne(QString trimmed, BackendAction action, PromptStyle style,
                                  QString targetLanguage, bool retryOnUnchangedTranslation,

@@ -2,6 +2,7 @@
 
 #include "platform/x11/X11ErrorTrap.h"
 #include "platform/x11/X11EventPump.h"
+#include "platform/x11/X11SelectionData.h"
 #include "platform/x11/X11WindowProperty.h"
 
 #include <QDeadlineTimer>
@@ -11,7 +12,6 @@
 #include <X11/extensions/Xfixes.h>
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <list>
 #include <poll.h>
 #include <vector>
@@ -63,12 +63,9 @@ constexpr long propertyReadUnits = 1 << 16;
 // Properties used for incoming conversions, in rotation, so a late answer to an abandoned request never
 // lands where a newer one is expected, and reads running side by side never share one.
 constexpr int conversionPropertyCount = 8;
-
-struct Property {
-    Atom type = None;
-    int format = 0;
-    QByteArray data;
-};
+// Another client's answer larger than this is refused rather than held: more than any real copy, less than
+// what would take the program's memory down.
+constexpr qsizetype maxValueBytes = qsizetype(256) * 1024 * 1024;
 
 struct OwnedContents {
     QList<SavedPasteboardValue> values;
@@ -120,14 +117,14 @@ struct X11Pasteboard::Private {
 
     Atom atom(const QString& name);
     QString atomName(Atom value);
-    QStringList atomNamesOf(const QByteArray& packed);
+    QStringList atomNamesOf(const QList<quint32>& values);
 
     void handle(const XEvent& event);
 
     Window currentOwner() const { return XGetSelectionOwner(display, clipboard); }
-    std::optional<Property> takeProperty(Window target, Atom property);
-    QCoro::Task<std::optional<QByteArray>> convert(Atom target, Atom selection);
-    QCoro::Task<std::optional<QByteArray>> receiveIncrementally(Atom property);
+    void takeProperty(Window target, Atom property, X11SelectionData& answer);
+    QCoro::Task<X11SelectionData> convert(Atom target, Atom selection);
+    QCoro::Task<> receiveIncrementally(Atom property, X11SelectionData& answer);
     QCoro::Task<std::optional<QByteArray>> read(QString type, Atom selection);
     QCoro::Task<std::optional<QStringList>> readTypes();
     QCoro::Task<std::optional<QString>> readString(Atom selection);
@@ -169,14 +166,12 @@ QString X11Pasteboard::Private::atomName(Atom value)
     return text;
 }
 
-QStringList X11Pasteboard::Private::atomNamesOf(const QByteArray& packed)
+QStringList X11Pasteboard::Private::atomNamesOf(const QList<quint32>& values)
 {
     QStringList names;
-    for (qsizetype offset = 0; offset + 4 <= packed.size(); offset += 4) {
-        quint32 value = 0;
-        std::memcpy(&value, packed.constData() + offset, 4);
-        const QString name = value == None ? QString() : atomName(value);
-        if (!name.isEmpty() && !names.contains(name)) {
+    for (const quint32 value : values) {
+        const QString name = atomName(value);
+        if (!name.isEmpty()) {
             names.append(name);
         }
     }
@@ -224,78 +219,58 @@ void X11Pasteboard::Private::handle(const XEvent& event)
     }
 }
 
-std::optional<Property> X11Pasteboard::Private::takeProperty(Window target, Atom property)
+void X11Pasteboard::Private::takeProperty(Window target, Atom property, X11SelectionData& answer)
 {
-    Property result;
-    long offset = 0;
-    for (;;) {
-        const auto read =
-            X11WindowProperty::read(display, target, property, AnyPropertyType, offset, propertyReadUnits);
+    do {
+        const auto read = X11WindowProperty::read(display, target, property, AnyPropertyType,
+                                                  answer.readOffset(), propertyReadUnits);
         if (!read) {
-            return std::nullopt;
+            answer.fail();
+            return;
         }
-        result.type = read->type;
-        result.format = read->format;
-        if (read->format == 32) {
-            // Xlib hands 32-bit items out as longs; they are packed back to 32 bits.
-            const auto* longs = reinterpret_cast<const long*>(read->data.get());
-            for (unsigned long i = 0; i < read->count; ++i) {
-                const quint32 value = quint32(longs[i]);
-                result.data.append(reinterpret_cast<const char*>(&value), 4);
-            }
-        } else {
-            result.data.append(reinterpret_cast<const char*>(read->data.get()),
-                               qsizetype(read->count) * (read->format / 8));
-        }
-        if (read->bytesAfter == 0) {
-            break;
-        }
-        offset = long(result.data.size() / 4);
-    }
+        answer.addRead(read->type, read->format, read->data.get(), read->count, read->bytesAfter != 0);
+    } while (!answer.propertyDone());
     XDeleteProperty(display, target, property);
-    return result;
 }
 
-QCoro::Task<std::optional<QByteArray>> X11Pasteboard::Private::convert(Atom target, Atom selection)
+QCoro::Task<X11SelectionData> X11Pasteboard::Private::convert(Atom target, Atom selection)
 {
     const std::weak_ptr<int> alive = lifetime;
+    X11SelectionData answer(incr, maxValueBytes);
     const Atom property = atom(QStringLiteral("MIVORA_SELECTION_%1").arg(nextConversionProperty));
     nextConversionProperty = (nextConversionProperty + 1) % conversionPropertyCount;
     const Window self = window.get();
     XDeleteProperty(display, self, property);
     XConvertSelection(display, selection, target, property, self, CurrentTime);
     XFlush(display);
-    XEvent answer{};
+    XEvent event{};
     const bool answered = co_await pump.waitFor(
-        [=](const XEvent& event) {
-            return event.type == SelectionNotify && event.xselection.requestor == self &&
-                   event.xselection.selection == selection && event.xselection.target == target &&
-                   (event.xselection.property == property || event.xselection.property == None);
+        [=](const XEvent& candidate) {
+            return candidate.type == SelectionNotify && candidate.xselection.requestor == self &&
+                   candidate.xselection.selection == selection && candidate.xselection.target == target &&
+                   (candidate.xselection.property == property || candidate.xselection.property == None);
         },
-        readTimeout, &answer);
-    if (!answered || alive.expired() || answer.xselection.property == None) {
-        co_return std::nullopt;
+        readTimeout, &event);
+    if (!answered || alive.expired() || event.xselection.property == None) {
+        answer.fail();
+        co_return answer;
     }
-    std::optional<Property> value = takeProperty(self, property);
-    if (!value) {
-        co_return std::nullopt;
+    takeProperty(self, property, answer);
+    if (answer.state() == X11SelectionData::State::awaitingPiece) {
+        co_await receiveIncrementally(property, answer);
     }
-    if (value->type == incr) {
-        co_return co_await receiveIncrementally(property);
-    }
-    co_return std::move(value->data);
+    co_return answer;
 }
 
-QCoro::Task<std::optional<QByteArray>> X11Pasteboard::Private::receiveIncrementally(Atom property)
+QCoro::Task<> X11Pasteboard::Private::receiveIncrementally(Atom property, X11SelectionData& answer)
 {
     // The owner writes a piece each time we delete the property; a piece of length zero ends the value.
     // takeProperty has deleted the INCR announcement, which asks for the first piece. A piece that does not
     // come in time, or cannot be read, ends the read with nothing: the caller decides what to do then.
     const std::weak_ptr<int> alive = lifetime;
     XFlush(display);
-    QByteArray result;
     const Window self = window.get();
-    for (;;) {
+    while (answer.state() == X11SelectionData::State::awaitingPiece) {
         const bool arrived = co_await pump.waitFor(
             [=](const XEvent& event) {
                 return event.type == PropertyNotify && event.xproperty.window == self &&
@@ -303,17 +278,11 @@ QCoro::Task<std::optional<QByteArray>> X11Pasteboard::Private::receiveIncrementa
             },
             readTimeout);
         if (!arrived || alive.expired()) {
-            co_return std::nullopt;
+            answer.fail();
+            co_return;
         }
-        std::optional<Property> value = takeProperty(self, property);
+        takeProperty(self, property, answer);
         XFlush(display);
-        if (!value) {
-            co_return std::nullopt;
-        }
-        if (value->data.isEmpty()) {
-            co_return result;
-        }
-        result.append(value->data);
     }
 }
 
@@ -334,7 +303,11 @@ QCoro::Task<std::optional<QByteArray>> X11Pasteboard::Private::read(QString type
         }
         co_return std::nullopt;
     }
-    co_return co_await convert(atom(type), selection);
+    X11SelectionData answer = co_await convert(atom(type), selection);
+    if (answer.state() != X11SelectionData::State::complete) {
+        co_return std::nullopt;
+    }
+    co_return answer.takeBytes();
 }
 
 QCoro::Task<std::optional<QStringList>> X11Pasteboard::Private::readTypes()
@@ -351,11 +324,11 @@ QCoro::Task<std::optional<QStringList>> X11Pasteboard::Private::readTypes()
         }
         co_return names;
     }
-    const std::optional<QByteArray> packed = co_await convert(targets, clipboard);
-    if (!packed || alive.expired()) {
+    const X11SelectionData answer = co_await convert(targets, clipboard);
+    if (alive.expired()) {
         co_return QStringList();
     }
-    co_return atomNamesOf(*packed);
+    co_return atomNamesOf(answer.distinctItems());
 }
 
 QCoro::Task<std::optional<QString>> X11Pasteboard::Private::readString(Atom selection)
