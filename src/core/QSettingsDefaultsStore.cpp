@@ -32,3 +32,10 @@ void QSettingsDefaultsStore::remove(const QString& key)
     m_settings->remove(key);
     emit changed(key);
 }
+
+void QSettingsDefaultsStore::sync()
+{
+    // QSettings keeps what it could not write and tries again at its next sync; its write replaces the file
+    // in one rename, so a failed or cut-off one leaves the last whole file.
+    m_settings->sync();
+}

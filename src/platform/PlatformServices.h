@@ -5,6 +5,7 @@
 class AccessibilityTree;
 class ApplicationCatalog;
 class Clock;
+class DisplayConnectionMonitor;
 class DisplayControl;
 class FloatingWindowTraits;
 class ApplicationWorkspace;
@@ -69,6 +70,8 @@ public:
     // The displays, and switching the built-in one; it says itself whether the platform can switch.
     std::unique_ptr<DisplayControl> displays;
     std::unique_ptr<SystemBell> bell;
+    // Ends the program in one way whichever of its display connections breaks first.
+    std::unique_ptr<DisplayConnectionMonitor> connectionMonitor;
 
     // Connects to the display server when there is one; without one, each service degrades to "nothing
     // available" rather than failing. Waits for other programs' answers run on clock, which must outlive
