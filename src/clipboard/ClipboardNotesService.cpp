@@ -23,7 +23,11 @@ std::optional<QList<ClipboardNoteTab>> readTabs(const QString& path)
 bool writeAtomically(const QString& path, const QByteArray& data)
 {
     QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.commit();
+    // WORKAROUND: QSaveFile buffers the write and commits even when flushing that buffer came up short (a
+    // full disk, a file size limit), which would put a cut-off file in place of a whole one. Flushed here,
+    // a short write leaves the old file and sends the data to the fallback.
+    return file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.flush() &&
+           file.commit();
 }
 
 } // namespace
@@ -172,6 +176,8 @@ void ClipboardNotesService::save()
         }
     }
     m_defaults.setValue(fallbackDefaultsKey(), data);
+    // The notes are the user's own work: they reach the disk now, not at the store's next convenience.
+    m_defaults.sync();
 }
 
 QString ClipboardNotesService::normalizedTitle(const QString& title, const QString& fallback)
