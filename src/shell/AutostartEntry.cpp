@@ -51,6 +51,8 @@ bool AutostartEntry::setEnabled(bool enabled)
     if (!file.open(QIODevice::WriteOnly)) {
         return false;
     }
-    file.write(entry.toUtf8());
-    return file.commit();
+    // WORKAROUND: QSaveFile commits after a flush that came up short (a full disk); checked here, a short
+    // write keeps the old entry instead of a cut-off one.
+    const QByteArray bytes = entry.toUtf8();
+    return file.write(bytes) == bytes.size() && file.flush() && file.commit();
 }
