@@ -13,6 +13,7 @@ public:
     explicit QSettingsDefaultsStore(QObject* parent = nullptr);
     // Uses an explicit file, for tools and tests.
     QSettingsDefaultsStore(const QString& iniPath, QObject* parent);
+    ~QSettingsDefaultsStore() override;
 
     QVariant value(const QString& key) const override;
     bool contains(const QString& key) const override;
@@ -20,6 +21,15 @@ public:
     void remove(const QString& key) override;
     void sync() override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    void guardWrites();
+    // Whether the file on disk holds exactly what the settings hold.
+    bool fileMatches() const;
+
     std::unique_ptr<QSettings> m_settings;
+    // Whether the settings live in a file of their own that a cut-off write can be undone in.
+    bool m_guarded = false;
 };
