@@ -1,11 +1,11 @@
 #include "clipboard/ClipboardNotesService.h"
 
+#include "core/AtomicFileWrite.h"
 #include "core/Clock.h"
 #include "core/DefaultsStore.h"
 
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 #include <QTextBoundaryFinder>
 #include <QUuid>
 
@@ -18,12 +18,6 @@ std::optional<QList<ClipboardNoteTab>> readTabs(const QString& path)
         return std::nullopt;
     }
     return ClipboardNoteTab::decodeList(file.readAll());
-}
-
-bool writeAtomically(const QString& path, const QByteArray& data)
-{
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.commit();
 }
 
 } // namespace
@@ -167,11 +161,13 @@ void ClipboardNotesService::save()
             QFile::remove(backupPath);
             QFile::copy(filePath, backupPath);
         }
-        if (writeAtomically(filePath, data)) {
+        if (writeFileAtomically(filePath, data)) {
             return;
         }
     }
     m_defaults.setValue(fallbackDefaultsKey(), data);
+    // The notes are the user's own work: they reach the disk now, not at the store's next convenience.
+    m_defaults.sync();
 }
 
 QString ClipboardNotesService::normalizedTitle(const QString& title, const QString& fallback)

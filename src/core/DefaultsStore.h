@@ -20,6 +20,9 @@ public:
     virtual void setValue(const QString& key, const QVariant& value) = 0;
     // Removes the key; emits changed() if it was there.
     virtual void remove(const QString& key) = 0;
+    // Writes what is pending to permanent storage now, for a process about to end without its destructors.
+    // A failure is swallowed; what could not be written stays pending for the next try.
+    virtual void sync() = 0;
 
 signals:
     void changed(const QString& key);

@@ -20,16 +20,26 @@ public:
     explicit QSettingsDefaultsStore(const QStringList& keysInOwnFiles = {}, QObject* parent = nullptr);
     // Uses an explicit file, for tools and tests.
     QSettingsDefaultsStore(const QString& iniPath, const QStringList& keysInOwnFiles, QObject* parent);
+    ~QSettingsDefaultsStore() override;
 
     QVariant value(const QString& key) const override;
     bool contains(const QString& key) const override;
     void setValue(const QString& key, const QVariant& value) override;
     void remove(const QString& key) override;
+    void sync() override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void guardWrites();
+    // Whether the file on disk holds exactly what the settings hold.
+    bool fileMatches() const;
     // The file that holds key, or empty when it lives in the settings file.
     QString ownFile(const QString& key) const;
 
     std::unique_ptr<QSettings> m_settings;
     QStringList m_keysInOwnFiles;
+    // Whether the settings live in a file of their own that a cut-off write can be undone in.
+    bool m_guarded = false;
 };

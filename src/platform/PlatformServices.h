@@ -6,6 +6,7 @@ class AccessibilityTree;
 class ApplicationCatalog;
 class ApplicationPresence;
 class Clock;
+class DisplayConnectionMonitor;
 class DisplayControl;
 class FloatingWindowTraits;
 class ApplicationWorkspace;
@@ -72,6 +73,9 @@ public:
     std::unique_ptr<SystemBell> bell;
     // Null where the taskbar entry is the main window's own and comes and goes with it.
     std::unique_ptr<ApplicationPresence> presence;
+    // Ends the program in one way whichever of its display connections breaks first; null where there is no
+    // display connection to lose.
+    std::unique_ptr<DisplayConnectionMonitor> connectionMonitor;
 
     // Connects to the display server when there is one; without one, each service degrades to "nothing
     // available" rather than failing. Waits for other programs' answers run on clock, which must outlive

@@ -1,9 +1,10 @@
 #include "shell/AutostartEntry.h"
 
+#include "core/AtomicFileWrite.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 AutostartEntry::AutostartEntry(QString directory, QString executable)
@@ -47,10 +48,5 @@ bool AutostartEntry::setEnabled(bool enabled)
                                          "Terminal=false\n"
                                          "X-GNOME-Autostart-enabled=true\n")
                               .arg(exec);
-    QSaveFile file(filePath());
-    if (!file.open(QIODevice::WriteOnly)) {
-        return false;
-    }
-    file.write(entry.toUtf8());
-    return file.commit();
+    return writeFileAtomically(filePath(), entry.toUtf8());
 }

@@ -31,6 +31,7 @@
 #include "platform/AccessibilityTree.h"
 #include "platform/ApplicationPresence.h"
 #include "platform/ApplicationWorkspace.h"
+#include "platform/DisplayConnectionMonitor.h"
 #include "platform/DisplayControl.h"
 #include "platform/FloatingWindowTraits.h"
 #include "platform/GlobalHotkeyRegistrar.h"
@@ -315,6 +316,11 @@ QCoro::Task<int> MivoraNativeApp::runCommand(QString action, QString text)
 
 void MivoraNativeApp::start()
 {
+    // A lost display ends the process without the destructors: what the stores hold goes to disk first.
+    // Notes and history are written at each change; the defaults store writes at its own pace.
+    if (m_platform.connectionMonitor) {
+        m_platform.connectionMonitor->setLossHandler([this] { m_defaults->sync(); });
+    }
     // First of all, a panel the previous run left switched off comes back.
     m_builtInDisplay->restoreAfterPreviousLaunch();
     // The user reads failures on the overlay. For whoever diagnoses a session, they are also logged, off

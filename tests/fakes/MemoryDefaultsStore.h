@@ -25,9 +25,13 @@ public:
         }
     }
 
+    void sync() override { ++m_syncs; }
+
     int writeCount() const { return m_writes; }
+    int syncCount() const { return m_syncs; }
 
 private:
     QHash<QString, QVariant> m_values;
     int m_writes = 0;
+    int m_syncs = 0;
 };

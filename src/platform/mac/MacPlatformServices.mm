@@ -4,6 +4,7 @@
 #include "platform/ApplicationWorkspace.h"
 #include "platform/BrowserTabRemote.h"
 #include "platform/DesktopWindows.h"
+#include "platform/DisplayConnectionMonitor.h"
 #include "platform/DisplayControl.h"
 #include "platform/FloatingWindowTraits.h"
 #include "platform/GlobalHotkeyRegistrar.h"

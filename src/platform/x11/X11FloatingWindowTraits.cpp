@@ -1,5 +1,7 @@
 #include "platform/x11/X11FloatingWindowTraits.h"
 
+#include "platform/x11/QtXcbConnection.h"
+
 #include <QGuiApplication>
 #include <algorithm>
 #include <array>
@@ -37,17 +39,11 @@ void sendToWindowManager(xcb_connection_t* connection, xcb_window_t window, xcb_
                    reinterpret_cast<const char*>(&message));
 }
 
-xcb_connection_t* qtConnection()
-{
-    const auto* x11 = qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
-    return x11 != nullptr ? x11->connection() : nullptr;
-}
-
 } // namespace
 
 void X11FloatingWindowTraits::applyFloatingTraits(quintptr nativeWindow)
 {
-    xcb_connection_t* connection = qtConnection();
+    xcb_connection_t* connection = qtXcbConnection();
     if (connection == nullptr || nativeWindow == 0) {
         return;
     }
@@ -81,7 +77,7 @@ void X11FloatingWindowTraits::applyFloatingTraits(quintptr nativeWindow)
 
 void X11FloatingWindowTraits::activate(quintptr nativeWindow)
 {
-    xcb_connection_t* connection = qtConnection();
+    xcb_connection_t* connection = qtXcbConnection();
     if (connection == nullptr || nativeWindow == 0) {
         return;
     }

@@ -4,6 +4,7 @@
 #include "platform/ApplicationWorkspace.h"
 #include "platform/BrowserTabRemote.h"
 #include "platform/DesktopWindows.h"
+#include "platform/DisplayConnectionMonitor.h"
 #include "platform/DisplayControl.h"
 #include "platform/FloatingWindowTraits.h"
 #include "platform/GlobalHotkeyRegistrar.h"
@@ -28,6 +29,7 @@
 #include "platform/x11/UnavailableAccessibilityTree.h"
 #include "platform/x11/X11ApplicationWorkspace.h"
 #include "platform/x11/X11CompositorSurfaceSignals.h"
+#include "platform/x11/X11ConnectionLossMonitor.h"
 #include "platform/x11/X11DesktopWindows.h"
 #include "platform/x11/X11DisplayConnection.h"
 #include "platform/x11/X11EventPump.h"
@@ -98,5 +100,6 @@ PlatformServices PlatformServices::create(Clock& clock)
     services.desktopWindows = std::make_unique<X11DesktopWindows>(pump);
     services.displays = std::make_unique<X11RandrDisplays>(pump);
     services.bell = std::make_unique<X11SystemBell>(display);
+    services.connectionMonitor = std::make_unique<X11ConnectionLossMonitor>();
     return services;
 }
