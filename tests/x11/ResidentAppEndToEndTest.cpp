@@ -329,7 +329,8 @@ TEST_F(ResidentAppEndToEndTest, SelectedAndCopiedTextStaysInTheStoresMeantForIt)
         EXPECT_TRUE(spinUntil([&] { return backend.requests().size() > asked; }, 10s))
             << chord.join(u'+').toStdString();
     }
-    // The program keeps running: what it has stored by now is what it leaves behind.
+    // Ended as the session ends it, with its panels up: whatever it writes on the way out is looked at too.
+    ASSERT_EQ(app.terminate(), 0);
 
     EXPECT_FALSE(app.standardOutput().contains(token)) << app.standardOutput().toStdString();
     EXPECT_FALSE(app.standardError().contains(token)) << app.standardError().toStdString();
