@@ -52,6 +52,7 @@ QCoro::Task<QString> PasteboardService::readSelectedTextTransient(bool selectAll
                                                                   bool includeFocusedTextFallback,
                                                                   PasteboardTiming timing)
 {
+    const PasteboardUseQueue::Turn turn = co_await m_uses.waitForTurn();
     m_services.capture.suppressCapture(captureSuppression);
     const PasteboardSnapshot snapshot = co_await m_services.pasteboard.snapshot();
     // Failing to bring the target forward is no error here: the copy may still reach it.
@@ -120,6 +121,7 @@ QCoro::Task<> PasteboardService::pasteTransient(QString text, std::optional<QStr
     if (text.isEmpty()) {
         throw PasteboardServiceError(Kind::emptyText);
     }
+    const PasteboardUseQueue::Turn turn = co_await m_uses.waitForTurn();
     m_services.capture.suppressCapture(captureSuppression);
     const PasteboardSnapshot snapshot = co_await m_services.pasteboard.snapshot();
     const bool activated = targetBundleIdentifier ? m_services.focus.activate(*targetBundleIdentifier)
@@ -156,6 +158,7 @@ QCoro::Task<> PasteboardService::pasteAIReply(QString text, qint32 targetProcess
     if (text.isEmpty()) {
         throw PasteboardServiceError(Kind::emptyText);
     }
+    const PasteboardUseQueue::Turn turn = co_await m_uses.waitForTurn();
     m_services.capture.suppressCapture(captureSuppression);
     const PasteboardSnapshot snapshot = co_await m_services.pasteboard.snapshot();
     // The same clean-up on success and on every failure; it awaits a read, which a handler cannot.

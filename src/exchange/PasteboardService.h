@@ -4,6 +4,7 @@
 #include "core/PasteboardTiming.h"
 #include "exchange/AIReplyEditorState.h"
 #include "exchange/PasteboardServiceError.h"
+#include "exchange/PasteboardUseQueue.h"
 #include "platform/PasteboardSnapshot.h"
 
 #include <QString>
@@ -22,7 +23,8 @@ class SyntheticKeyboard;
 // The clipboard routes into and out of other applications: copy the selection out with a synthetic copy
 // shortcut and put the clipboard back, paste results in with a synthetic paste shortcut. Every use of the
 // clipboard is bracketed by capture suppression and its end, so the history never sees it. GUI thread; the
-// coroutines suspend at every wait. Callers keep to one transient use at a time.
+// coroutines suspend at every wait. Transient uses take turns: one that starts while another is under way
+// waits for its end, so every snapshot is of the user's clipboard.
 class PasteboardService {
 public:
     struct Services {
@@ -84,4 +86,5 @@ private:
     QCoro::Task<> restoreUnlessReplaced(PasteboardSnapshot snapshot, QString text);
 
     Services m_services;
+    PasteboardUseQueue m_uses;
 };

@@ -13,6 +13,7 @@
 #include "exchange/PasteboardService.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <optional>
 #include <type_traits>
 
@@ -67,14 +68,21 @@ protected:
         };
     }
 
-    // Runs the task to its end on virtual time; a task without a value reports true.
+    // Starts the task; its outcome fills in as virtual time runs. A task without a value reports true.
+    template <typename R> auto begin(QCoro::Task<R> task)
+    {
+        auto outcome = std::make_unique<Outcome<std::conditional_t<std::is_void_v<R>, bool, R>>>();
+        collect(std::move(task), outcome.get(), &clock);
+        return outcome;
+    }
+
+    // Runs the task to its end on virtual time.
     template <typename R> auto outcomeOf(QCoro::Task<R> task)
     {
-        Outcome<std::conditional_t<std::is_void_v<R>, bool, R>> outcome;
-        collect(std::move(task), &outcome, &clock);
+        const auto outcome = begin(std::move(task));
         clock.runUntilIdle();
-        EXPECT_TRUE(outcome.finished);
-        return outcome;
+        EXPECT_TRUE(outcome->finished);
+        return *outcome;
     }
 
     TestClock clock;

@@ -83,6 +83,32 @@ TEST_F(ReadSelectionTest, BlankSelectionFallsBackToTheFocusedTextOnlyWhenAsked)
     EXPECT_EQ(read(false, true, PasteboardTiming::standardTiming()).error, Kind::emptySelection);
 }
 
+// Chords pressed in quick succession: a paste and a second read start while the first read's copy holds
+// the clipboard. Each waits its turn, so none takes another's transient contents for the user's.
+TEST_F(ReadSelectionTest, UsesThatOverlapTakeTurnsAndEachPutsTheUsersClipboardBack)
+{
+    fillClipboardWithImageAndFiles();
+    selectInTarget(QStringLiteral("picked"));
+    const auto first =
+        begin(service.readSelectedTextTransient(false, false, PasteboardTiming::quickTiming()));
+    clock.advance(10ms);
+    const auto paste =
+        begin(service.pasteTransient(QStringLiteral("fixed"), std::nullopt, PasteboardTiming::quickTiming()));
+    clock.advance(5ms);
+    const auto second =
+        begin(service.readSelectedTextTransient(false, false, PasteboardTiming::standardTiming()));
+    clock.runUntilIdle();
+
+    EXPECT_EQ(first->value, QStringLiteral("picked"));
+    EXPECT_EQ(paste->value, true);
+    EXPECT_EQ(second->value, QStringLiteral("picked"));
+    EXPECT_LT(first->finishedAt, paste->finishedAt);
+    EXPECT_LT(paste->finishedAt, second->finishedAt);
+    EXPECT_EQ(pasteboard.contents(), original);
+    const QStringList turn{"suppress 3500", "finish restored"};
+    EXPECT_EQ(capture.log, turn + turn + turn);
+}
+
 TEST_F(ReadSelectionTest, SelectAllGoesFirstAndItsWaitPrecedesTheCopy)
 {
     selectInTarget(QStringLiteral("all of it"));

@@ -5,11 +5,14 @@
 #include "platform/x11/X11ModifierKeyState.h"
 
 #include <QClipboard>
+#include <QDirIterator>
+#include <QFile>
 #include <QGuiApplication>
 #include <QHash>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMimeData>
+#include <QRandomGenerator>
 #include <gtest/gtest.h>
 
 using namespace std::chrono_literals;
@@ -149,6 +152,12 @@ protected:
         }
     }
 
+    void useBackend(const ScriptedHttpServer& backend)
+    {
+        app.setSetting(QStringLiteral("mivora.backend.baseURL"), backend.baseUrl());
+        app.setSetting(QStringLiteral("mivora.backend.token"), QStringLiteral("e2e-token"));
+    }
+
     bool waitForFieldText(const QString& text)
     {
         return spinUntil([&] { return field.text() == text; }, 10s);
@@ -184,8 +193,7 @@ TEST_F(ResidentAppEndToEndTest, StyleHotkeyHeldForAMomentRewritesTheSelectionThr
     ScriptedHttpServer backend;
     backend.enqueue(ScriptedHttpServer::Reply::json(200, R"({"result":"Hello friend!"})"));
     backend.enqueue(ScriptedHttpServer::Reply::json(200, R"({"result":"Hello again!"})"));
-    app.setSetting(QStringLiteral("mivora.backend.baseURL"), backend.baseUrl());
-    app.setSetting(QStringLiteral("mivora.backend.token"), QStringLiteral("e2e-token"));
+    useBackend(backend);
     ASSERT_TRUE(app.start());
     ASSERT_TRUE(app.waitForHotkeys()) << app.standardError().toStdString();
     showSelectedField(QStringLiteral("hey you, send me the file"));
@@ -217,6 +225,135 @@ TEST_F(ResidentAppEndToEndTest, StyleHotkeyHeldForAMomentRewritesTheSelectionThr
               QStringLiteral("see you"));
     expectUserClipboardBack();
     EXPECT_TRUE(modifiersClear());
+}
+
+// Twenty layout-fix and style chords within a second under the Cyrillic group, each held as briefly as a
+// quick person holds it, so their runs overlap. Every style run that reached the backend pastes, nothing
+// fails, the user's clipboard comes back whole, and a style chord after them still works.
+TEST_F(ResidentAppEndToEndTest, MashedChordsAllEndAndGiveTheClipboardBack)
+{
+    useKeymap(QStringLiteral("ru,us"));
+    ScriptedHttpServer backend;
+    backend.enqueue(ScriptedHttpServer::Reply::json(200, R"({"result":"ok"})"));
+    useBackend(backend);
+    ASSERT_TRUE(app.start());
+    ASSERT_TRUE(app.waitForHotkeys()) << app.standardError().toStdString();
+    showSelectedField(QStringLiteral("ghbdtn"));
+    copyAsTheUser();
+
+    for (int chord = 0; chord < 20; ++chord) {
+        const QString letter = chord % 2 == 0 ? QStringLiteral("a") : QStringLiteral("2");
+        keyboard.press(QStringLiteral("Alt_L"));
+        keyboard.press(letter);
+        pauseFor(std::chrono::milliseconds(30 + chord % 4 * 10));
+        keyboard.release(letter);
+        keyboard.release(QStringLiteral("Alt_L"));
+    }
+    // Each style read selects the whole field first, so the pastes of "ok" that come last add up; the
+    // overlay goes once the last run's "Pasted" has had its time.
+    EXPECT_TRUE(spinUntil(
+        [&] {
+            return field.text().value_or(QString()).count(u"ok") == backend.requests().size() &&
+                   !windowShown(QStringLiteral("MivoraAI status"));
+        },
+        60s))
+        << backend.requests().size() << " asked, " << field.text().value_or(QString()).toStdString();
+    EXPECT_FALSE(backend.requests().isEmpty());
+
+    selectWholeField(QStringLiteral("после"));
+    holdChord(QStringLiteral("Alt_L"), QStringLiteral("2"), {60ms, Release::letterFirst}, {});
+    EXPECT_TRUE(waitForFieldText(QStringLiteral("ok"))) << field.text().value_or(QString()).toStdString();
+    expectUserClipboardBack();
+    EXPECT_TRUE(spinUntil([] { return !windowShown(QStringLiteral("MivoraAI status")); }));
+    EXPECT_FALSE(app.standardError().contains(QStringLiteral("mivora.status: ")))
+        << app.standardError().toStdString();
+    EXPECT_TRUE(modifiersClear());
+}
+
+// Distinctive text down every road the program has for it: it may rest in the history and notes stores
+// and nowhere else, neither in the program's output and log nor in any other file of its home; copies a
+// password manager marks go nowhere at all.
+TEST_F(ResidentAppEndToEndTest, SelectedAndCopiedTextStaysInTheStoresMeantForIt)
+{
+    const QString token = QString::number(QRandomGenerator::global()->bounded(100000000, 999999999));
+    const QString secret = QStringLiteral("SECRET-") + token;
+    const QString answer = QStringLiteral("ANSWER-") + token;
+    const QString concealed = QStringLiteral("CONCEALED-%1").arg(token.toLongLong() + 1);
+    ScriptedHttpServer backend;
+    backend.enqueue(ScriptedHttpServer::Reply::json(200, R"({"result":")" + answer.toUtf8() + R"("})"));
+    useBackend(backend);
+    ASSERT_TRUE(app.start());
+    ASSERT_TRUE(app.waitForHotkeys()) << app.standardError().toStdString();
+    showSelectedField(secret);
+
+    // The layout fix, a style rewrite and the translation style, each over the selected secret.
+    holdChord(QStringLiteral("Alt_L"), QStringLiteral("a"), {60ms, Release::letterFirst}, {});
+    EXPECT_TRUE(spinUntil([&] { return field.text() != secret; }, 10s));
+    for (const QString& letter : {QStringLiteral("2"), QStringLiteral("t")}) {
+        selectWholeField(secret);
+        holdChord(QStringLiteral("Alt_L"), letter, {60ms, Release::letterFirst}, {});
+        EXPECT_TRUE(waitForFieldText(answer)) << letter.toStdString();
+    }
+
+    // Two password-manager copies, each left a poll's time; then a copy the history takes and the panel
+    // pastes.
+    for (const QString& marker :
+         {QStringLiteral("x-kde-passwordManagerHint"), QStringLiteral("org.nspasteboard.ConcealedType")}) {
+        auto* data = new QMimeData;
+        data->setText(concealed);
+        data->setData(marker, "secret");
+        QGuiApplication::clipboard()->setMimeData(data);
+        pauseFor(1500ms);
+    }
+    QGuiApplication::clipboard()->setText(secret + QStringLiteral(" copied"));
+    ASSERT_TRUE(spinUntil([&] {
+        QFile settings(app.directory() + QStringLiteral("/config/MivoraAI/mivora.conf"));
+        return settings.open(QIODevice::ReadOnly) && settings.readAll().contains(" copied");
+    })) << "the history never took the copy";
+    selectWholeField(QStringLiteral("x"));
+    holdChord(QStringLiteral("Alt_L"), QStringLiteral("v"), {60ms, Release::letterFirst}, {});
+    ASSERT_TRUE(spinUntil([] { return windowShown(QStringLiteral("Clipboard")); }, 10s));
+    keyboard.type({QStringLiteral("Return")});
+    EXPECT_TRUE(waitForFieldText(secret + QStringLiteral(" copied")));
+
+    // The translation preview and a reply draft, each shown in its panel.
+    for (const QStringList& chord :
+         {QStringList{QStringLiteral("Alt_L"), QStringLiteral("r")},
+          QStringList{QStringLiteral("Super_L"), QStringLiteral("Alt_L"), QStringLiteral("1")}}) {
+        ASSERT_TRUE(
+            runTool(QStringLiteral("xdotool"), {QStringLiteral("windowactivate"), QStringLiteral("--sync"),
+                                                field.window().value_or(QString())}));
+        selectWholeField(secret);
+        const qsizetype asked = backend.requests().size();
+        keyboard.type(chord);
+        EXPECT_TRUE(spinUntil([&] { return backend.requests().size() > asked; }, 10s))
+            << chord.join(u'+').toStdString();
+    }
+    // Ended as the session ends it, with its panels up: whatever it writes on the way out is looked at too.
+    ASSERT_EQ(app.terminate(), 0);
+
+    EXPECT_FALSE(app.standardOutput().contains(token)) << app.standardOutput().toStdString();
+    EXPECT_FALSE(app.standardError().contains(token)) << app.standardError().toStdString();
+    bool historyKept = false;
+    QDirIterator files(app.directory(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
+        const QByteArray contents = file.readAll();
+        EXPECT_FALSE(contents.contains(concealed.toUtf8())) << file.fileName().toStdString();
+        if (file.fileName().contains(u"clipboard-notes")) {
+            continue;
+        }
+        for (const QByteArray& line : contents.split('\n')) {
+            if (line.startsWith("mivora.clipboardItems.native=")) {
+                historyKept = line.contains(secret.toUtf8() + " copied");
+            } else if (!line.startsWith("mivora.clipboardNotes.fallback=")) {
+                EXPECT_FALSE(line.contains(token.toUtf8()))
+                    << file.fileName().toStdString() << ": " << line.toStdString();
+            }
+        }
+    }
+    EXPECT_TRUE(historyKept) << "the history store holds the copy";
 }
 
 TEST_F(ResidentAppEndToEndTest, SecondStartBringsTheRunningProgramsWindowForward)

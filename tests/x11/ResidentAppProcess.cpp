@@ -65,12 +65,8 @@ bool ResidentAppProcess::start()
 
 bool ResidentAppProcess::waitForHotkeys(std::chrono::milliseconds guard)
 {
-    return spinUntil(
-               [&] {
-                   m_standardOutput += m_process.readAllStandardOutput();
-                   return !isRunning() || m_standardOutput.contains("MivoraAI hotkeys ready\n");
-               },
-               guard) &&
+    return spinUntil([&] { return !isRunning() || standardOutput().contains(u"MivoraAI hotkeys ready\n"); },
+                     guard) &&
            isRunning();
 }
 
@@ -83,6 +79,12 @@ QString ResidentAppProcess::standardError()
 {
     m_standardError += m_process.readAllStandardError();
     return QString::fromUtf8(m_standardError);
+}
+
+QString ResidentAppProcess::standardOutput()
+{
+    m_standardOutput += m_process.readAllStandardOutput();
+    return QString::fromUtf8(m_standardOutput);
 }
 
 bool ResidentAppProcess::isRunning() const

@@ -31,6 +31,9 @@ public:
     bool waitForStandardError(const QString& text,
                               std::chrono::milliseconds guard = std::chrono::seconds(10));
     QString standardError();
+    QString standardOutput();
+    // The private directory holding its home, configuration, data and runtime directories.
+    QString directory() const { return m_home.path(); }
     bool isRunning() const;
     qint64 processId() const { return m_process.processId(); }
     // The exit code once the process ended on its own; nullopt while it runs or when it crashed.

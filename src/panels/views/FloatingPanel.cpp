@@ -91,7 +91,9 @@ void FloatingPanel::showNearMouse()
 
 void FloatingPanel::closeEvent(QCloseEvent* event)
 {
-    event->ignore();
+    // The window manager's close only hides the panel, which keeps its native window and hints. The
+    // program's own quit asks every shown window to close first, and a refusal would cancel the quit.
+    event->setAccepted(!event->spontaneous());
     hide();
 }
 
