@@ -43,8 +43,7 @@ protected:
         ASSERT_TRUE(keyboard.isConnected()) << "needs an X server";
         ASSERT_TRUE(waitForWindowManager()) << "needs an EWMH window manager";
         ASSERT_NE(tree, nullptr) << "no private session bus: " << sessionBus->failure().constData();
-        ASSERT_TRUE(
-            runTool(QStringLiteral("setxkbmap"), {QStringLiteral("-layout"), QStringLiteral("us,ru")}));
+        ASSERT_TRUE(keyboard.useKeymap(QStringLiteral("us,ru")));
         app.setSetting(QStringLiteral("mivora.backend.baseURL"), backend.baseUrl());
         app.setSetting(QStringLiteral("mivora.backend.token"), QStringLiteral("e2e-token"));
         ASSERT_TRUE(app.start());

@@ -26,8 +26,7 @@ protected:
     {
         ASSERT_TRUE(keyboard.isConnected()) << "needs an X server";
         ASSERT_TRUE(waitForWindowManager()) << "needs an EWMH window manager";
-        ASSERT_TRUE(
-            runTool(QStringLiteral("setxkbmap"), {QStringLiteral("-layout"), QStringLiteral("us,ru")}));
+        ASSERT_TRUE(keyboard.useKeymap(QStringLiteral("us,ru")));
         app.setSetting(QStringLiteral("mivora.clipboardPanel.width"), 700.0);
         app.setSetting(QStringLiteral("mivora.clipboardPanel.height"), 600.0);
         ASSERT_TRUE(app.start());

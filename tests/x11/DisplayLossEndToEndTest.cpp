@@ -1,8 +1,6 @@
 #include "EventLoopWait.h"
 #include "ResidentAppProcess.h"
 
-#include <QDir>
-#include <QSettings>
 #include <csignal>
 #include <gtest/gtest.h>
 
@@ -66,11 +64,7 @@ TEST_P(DisplayLossEndToEndTest, KeepsTheHistoryAndEndsWithOneLine)
     EXPECT_FALSE(standardError.contains(QStringLiteral("XIO")) ||
                  standardError.contains(QStringLiteral("X11 connection")))
         << standardError.toStdString();
-    const QString config = QDir(app.environment().value(QStringLiteral("XDG_CONFIG_HOME")))
-                               .filePath(QStringLiteral("MivoraAI/mivora.conf"));
-    const QByteArray history = QSettings(config, QSettings::IniFormat)
-                                   .value(QStringLiteral("mivora.clipboardItems.native"))
-                                   .toByteArray();
+    const QByteArray history = app.storedHistory();
     EXPECT_TRUE(history.contains("first copied text") && history.contains("second copied text"))
         << history.toStdString();
 }

@@ -112,3 +112,9 @@ std::optional<int> ResidentAppProcess::terminate(std::chrono::milliseconds guard
     }
     return m_process.exitCode();
 }
+
+QByteArray ResidentAppProcess::storedHistory() const
+{
+    QFile file(directory() + QStringLiteral("/config/MivoraAI/mivora.clipboardItems.native.dat"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}

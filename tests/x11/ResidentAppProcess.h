@@ -34,6 +34,8 @@ public:
     QString standardOutput();
     // The private directory holding its home, configuration, data and runtime directories.
     QString directory() const { return m_home.path(); }
+    // The bytes of the clipboard history's store file as the program last wrote it (empty before).
+    QByteArray storedHistory() const;
     bool isRunning() const;
     qint64 processId() const { return m_process.processId(); }
     // The exit code once the process ended on its own; nullopt while it runs or when it crashed.

@@ -32,8 +32,7 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(keyboard.isConnected()) << "needs an X server";
-        ASSERT_TRUE(
-            runTool(QStringLiteral("setxkbmap"), {QStringLiteral("-layout"), QStringLiteral("us,ru")}));
+        ASSERT_TRUE(keyboard.useKeymap(QStringLiteral("us,ru")));
         ASSERT_TRUE(startTrayHost(trayHost)) << "needs a tray host (trayer)";
     }
     void TearDown() override

@@ -1,5 +1,6 @@
 #include "X11TestClient.h"
 
+#include "EventLoopWait.h"
 #include "hotkeys/ParsedHotkey.h"
 #include "platform/x11/X11ErrorTrap.h"
 #include "platform/x11/X11KeyPositions.h"
@@ -77,6 +78,16 @@ void X11TestClient::setKeyRepeat(int delayMs, int intervalMs)
     XkbSetAutoRepeatRate(m_display, XkbUseCoreKbd, static_cast<unsigned>(delayMs),
                          static_cast<unsigned>(intervalMs));
     XSync(m_display, False);
+}
+
+bool X11TestClient::useKeymap(const QString& layouts)
+{
+    if (!runTool(QStringLiteral("setxkbmap"), {QStringLiteral("-layout"), layouts})) {
+        return false;
+    }
+    XkbLockGroup(m_display, XkbUseCoreKbd, 0);
+    XSync(m_display, False);
+    return true;
 }
 
 void X11TestClient::sendKey(const QString& key, bool down)

@@ -29,6 +29,9 @@ public:
     Display* display() const { return m_display; }
     // The server's own key repeat, which starts delay after a press and repeats every interval.
     void setKeyRepeat(int delayMs, int intervalMs);
+    // Gives the server's keyboard these layouts ("us,ru") with the first one active, whatever group an
+    // earlier test or layout switch left locked (setxkbmap keeps it). False when setxkbmap failed.
+    bool useKeymap(const QString& layouts);
 
 private:
     void sendKey(const QString& key, bool down);
