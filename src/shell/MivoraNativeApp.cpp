@@ -161,7 +161,8 @@ void MivoraNativeApp::makeAIPanels(const Views& views)
 void MivoraNativeApp::makeFace(const Views& views)
 {
     if (views.makeStatusHUD) {
-        m_statusHUD = std::make_unique<StatusHUDController>(views.makeStatusHUD);
+        m_statusHUD = std::make_unique<StatusHUDController>(
+            [this, make = views.makeStatusHUD] { return make(m_platform.floatingWindows.get()); });
     }
     if (views.makeLocalInputMonitor) {
         m_localInput = views.makeLocalInputMonitor();

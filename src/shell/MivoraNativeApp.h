@@ -66,7 +66,7 @@ public:
     // The program's face, made by the executable's views; an empty member leaves that part out (the command
     // line has no face at all).
     struct Views {
-        std::function<std::unique_ptr<StatusHUDSurface>()> makeStatusHUD;
+        std::function<std::unique_ptr<StatusHUDSurface>(FloatingWindowTraits*)> makeStatusHUD;
         std::function<std::unique_ptr<TraySurface>()> makeTray;
         std::function<bool()> trayHostAvailable;
         std::function<std::unique_ptr<MainWindowHost>(MivoraAppState&, const SettingsPageServices&,

@@ -60,7 +60,9 @@ int runOnce(int argc, char** argv, const CommandLine& command)
 MivoraNativeApp::Views residentViews()
 {
     MivoraNativeApp::Views views;
-    views.makeStatusHUD = [] { return std::make_unique<StatusHUDPanel>(); };
+    views.makeStatusHUD = [](FloatingWindowTraits* traits) {
+        return std::make_unique<StatusHUDPanel>(traits);
+    };
     views.makeTray = [] { return std::make_unique<TrayIcon>(); };
     views.trayHostAvailable = [] { return TrayIcon::isHostAvailable(); };
     views.makeMainWindow = [](MivoraAppState& state, const SettingsPageServices& pages,

@@ -40,9 +40,6 @@ FloatingPanel::FloatingPanel(Options options, FloatingWindowTraits* windowTraits
         setAttribute(Qt::WA_ShowWithoutActivating);
         setFocusPolicy(Qt::NoFocus);
     }
-    if (m_options.role == Role::overlay) {
-        m_windowTraits = nullptr;
-    }
 }
 
 FloatingPanel::~FloatingPanel() = default;
@@ -102,10 +99,19 @@ void FloatingPanel::showEvent(QShowEvent* event)
     // The window manager drops the hints when the window is withdrawn, so they go on again before each
     // map; the show event comes just before it, and winId() makes the native window on the first show.
     if (m_windowTraits != nullptr) {
-        m_windowTraits->applyFloatingTraits(winId());
+        applyTraits();
         m_tellTraitsOnScreen = true;
     }
     QWidget::showEvent(event);
+}
+
+void FloatingPanel::applyTraits()
+{
+    if (m_options.role == Role::overlay) {
+        m_windowTraits->applyOverlayTraits(winId());
+    } else {
+        m_windowTraits->applyFloatingTraits(winId());
+    }
 }
 
 QColor FloatingPanel::ink() const
@@ -119,7 +125,7 @@ bool FloatingPanel::event(QEvent* event)
     // The first paint after a show comes once the window manager has mapped the window.
     if (event->type() == QEvent::Paint && m_tellTraitsOnScreen) {
         m_tellTraitsOnScreen = false;
-        m_windowTraits->applyFloatingTraits(winId());
+        applyTraits();
     }
     return QWidget::event(event);
 }

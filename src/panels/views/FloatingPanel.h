@@ -57,6 +57,8 @@ protected:
 
 private:
     void updateMask();
+    // The traits of this panel's role, on the native window.
+    void applyTraits();
 
     Options m_options;
     FloatingWindowTraits* m_windowTraits;

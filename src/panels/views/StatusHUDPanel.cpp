@@ -34,8 +34,8 @@ QColor toneColor(StatusHUDContent::Tone tone)
 
 } // namespace
 
-StatusHUDPanel::StatusHUDPanel(QWidget* parent)
-    : FloatingPanel({QStringLiteral("MivoraAI status"), Role::overlay, cornerRadius}, nullptr, parent)
+StatusHUDPanel::StatusHUDPanel(FloatingWindowTraits* windowTraits, QWidget* parent)
+    : FloatingPanel({QStringLiteral("MivoraAI status"), Role::overlay, cornerRadius}, windowTraits, parent)
 {
     setFixedSize(overlaySize);
 }

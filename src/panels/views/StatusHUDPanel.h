@@ -8,7 +8,7 @@
 class StatusHUDPanel : public FloatingPanel, public StatusHUDSurface {
     Q_OBJECT
 public:
-    explicit StatusHUDPanel(QWidget* parent = nullptr);
+    explicit StatusHUDPanel(FloatingWindowTraits* windowTraits = nullptr, QWidget* parent = nullptr);
 
     void present(const StatusHUDContent& content, AppearanceMode appearance, SurfaceMode surface) override;
     void orderOut() override { hide(); }

@@ -9,6 +9,8 @@ class MacFloatingWindowTraits : public FloatingWindowTraits {
 public:
     // nativeWindow is what QWindow::winId() gives on macOS: the window's NSView.
     void applyFloatingTraits(quintptr nativeWindow) override;
+    // The same surface one level higher (the status window level), always non-activating.
+    void applyOverlayTraits(quintptr nativeWindow) override;
     // Activates this program ignoring the others and makes the window key: a global hotkey gives no
     // activation of its own.
     void activate(quintptr nativeWindow) override;

@@ -20,22 +20,18 @@ bool refusesFocus(quintptr nativeWindow)
     return false;
 }
 
-} // namespace
-
-void MacFloatingWindowTraits::applyFloatingTraits(quintptr nativeWindow)
+// Both kinds of floating window: present on every Space and beside full-screen apps, no shadow, clear and
+// not opaque (the view draws the sheet).
+void applySurface(NSWindow* window, NSWindowLevel level, bool nonActivating)
 {
-    NSWindow* window = nativeWindowOf(nativeWindow);
-    if (window == nil) {
-        return;
-    }
     if ([window isKindOfClass:[NSPanel class]]) {
         NSPanel* panel = (NSPanel*)window;
         panel.floatingPanel = YES;
-        if (refusesFocus(nativeWindow)) {
+        if (nonActivating) {
             panel.styleMask = panel.styleMask | NSWindowStyleMaskNonactivatingPanel;
         }
     }
-    window.level = NSFloatingWindowLevel;
+    window.level = level;
     window.collectionBehavior = NSWindowCollectionBehaviorCanJoinAllSpaces |
                                 NSWindowCollectionBehaviorTransient |
                                 NSWindowCollectionBehaviorFullScreenAuxiliary;
@@ -46,6 +42,26 @@ void MacFloatingWindowTraits::applyFloatingTraits(quintptr nativeWindow)
     window.hasShadow = NO;
     window.opaque = NO;
     window.backgroundColor = [NSColor clearColor];
+}
+
+} // namespace
+
+void MacFloatingWindowTraits::applyFloatingTraits(quintptr nativeWindow)
+{
+    NSWindow* window = nativeWindowOf(nativeWindow);
+    if (window == nil) {
+        return;
+    }
+    applySurface(window, NSFloatingWindowLevel, refusesFocus(nativeWindow));
+}
+
+void MacFloatingWindowTraits::applyOverlayTraits(quintptr nativeWindow)
+{
+    NSWindow* window = nativeWindowOf(nativeWindow);
+    if (window == nil) {
+        return;
+    }
+    applySurface(window, NSStatusWindowLevel, true);
 }
 
 void MacFloatingWindowTraits::activate(quintptr nativeWindow)

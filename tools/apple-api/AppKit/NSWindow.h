@@ -7,6 +7,8 @@
 typedef NSInteger NSWindowLevel;
 // https://developer.apple.com/documentation/appkit/nsfloatingwindowlevel
 static const NSWindowLevel NSFloatingWindowLevel = 3;
+// https://developer.apple.com/documentation/appkit/nswindow/level/status
+static const NSWindowLevel NSStatusWindowLevel = 25;
 
 // https://developer.apple.com/documentation/appkit/nswindow/stylemask
 typedef NSUInteger NSWindowStyleMask;
