@@ -7,7 +7,6 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <cstdint>
-#include <cstdlib>
 
 // The notes files and their fallback copy are read at every start, after crashes, disk errors and hand edits.
 // The input is the main file, the backup file and the fallback value, in that order, split at NUL bytes; a
@@ -19,13 +18,6 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
 }
 
 namespace {
-
-void check(bool holds)
-{
-    if (!holds) {
-        std::abort();
-    }
-}
 
 const QString& notesDirectory()
 {
@@ -39,7 +31,7 @@ void writeOrRemove(const QString& path, const std::optional<QByteArray>& content
     QFile::remove(path);
     if (contents) {
         QFile file(path);
-        check(file.open(QIODevice::WriteOnly) && file.write(*contents) == contents->size());
+        fuzzCheck(file.open(QIODevice::WriteOnly) && file.write(*contents) == contents->size());
     }
 }
 
@@ -54,7 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return i < parts.size() ? std::optional(QByteArray(parts.at(i))) : std::nullopt;
     };
     const QDir directory(notesDirectory());
-    check(directory.mkpath(QStringLiteral(".")));
+    fuzzCheck(directory.mkpath(QStringLiteral(".")));
     writeOrRemove(directory.filePath(ClipboardNotesService::fileName()), part(0));
     writeOrRemove(directory.filePath(ClipboardNotesService::backupFileName()), part(1));
     MemoryDefaultsStore defaults;
@@ -66,6 +58,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ClipboardNotesService notes(clock, defaults, notesDirectory());
     notes.save();
     const ClipboardNotesService reloaded(clock, defaults, notesDirectory());
-    check(reloaded.tabs() == notes.tabs());
+    fuzzCheck(reloaded.tabs() == notes.tabs());
     return 0;
 }

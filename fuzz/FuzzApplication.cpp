@@ -1,6 +1,7 @@
 #include "FuzzApplication.h"
 
 #include <QCoreApplication>
+#include <cstdlib>
 
 QCoreApplication& fuzzApplication()
 {
@@ -10,4 +11,11 @@ QCoreApplication& fuzzApplication()
     static char* argv[] = {name, nullptr};
     static auto* application = new QCoreApplication(argc, argv);
     return *application;
+}
+
+void fuzzCheck(bool holds)
+{
+    if (!holds) {
+        std::abort();
+    }
 }

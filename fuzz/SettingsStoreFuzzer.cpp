@@ -14,7 +14,6 @@
 #include <QCoreApplication>
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 
 // Every "mivora.*" value is read back from a file the user, an older version or a broken disk may have
 // written: whatever a key holds, loading must give a usable record, and what was loaded must save and load
@@ -27,13 +26,6 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
 
 namespace {
 
-void check(bool holds)
-{
-    if (!holds) {
-        std::abort();
-    }
-}
-
 void loadSettings(FuzzedDefaultsStore& stored)
 {
     NativeSettingsStore native(stored);
@@ -41,7 +33,7 @@ void loadSettings(FuzzedDefaultsStore& stored)
     MemoryDefaultsStore resaved;
     NativeSettingsStore second(resaved);
     second.save(settings);
-    check(second.load() == settings);
+    fuzzCheck(second.load() == settings);
     const SettingsService service(native);
     (void)service.quickActions();
 }
@@ -54,7 +46,7 @@ void loadClipboardHistory(FuzzedDefaultsStore& stored)
     const QList<ClipboardHistoryItem> loaded = history.items();
     history.save();
     const QVariant saved = stored.value(ClipboardHistoryService::storageKey());
-    check(ClipboardHistoryItem::decodeList(saved.toByteArray()) == loaded);
+    fuzzCheck(ClipboardHistoryItem::decodeList(saved.toByteArray()) == loaded);
     history.applySettings(NativeSettingsStore(stored).load());
     clock.runUntilIdle();
 }
@@ -66,8 +58,8 @@ void loadPanelSizes(FuzzedDefaultsStore& stored)
                               "mivora.translationPreviewPanel"};
     for (const char* prefix : prefixes) {
         const QSize size = SavedPanelSize(stored, QString::fromLatin1(prefix), limits).load();
-        check(size == limits.fallback ||
-              (size.expandedTo(limits.minimum) == size && size.boundedTo(limits.maximum) == size));
+        fuzzCheck(size == limits.fallback ||
+                  (size.expandedTo(limits.minimum) == size && size.boundedTo(limits.maximum) == size));
     }
 }
 
@@ -83,7 +75,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     loadClipboardHistory(stored);
     loadPanelSizes(stored);
     (void)DeploymentConfiguration::forUser(stored);
-    check(!BackendCredentials(stored, QString()).deviceId().isEmpty());
+    fuzzCheck(!BackendCredentials(stored, QString()).deviceId().isEmpty());
     QCoreApplication::processEvents();
     return 0;
 }

@@ -9,7 +9,6 @@
 
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 
 // The rewrite styles, reply styles, per-application layout rules and window-tiling chords are stored as JSON
 // that the user may have edited by hand. Whatever the JSON, decoding must not fail badly, and a list that
@@ -22,19 +21,12 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
 
 namespace {
 
-void check(bool holds)
-{
-    if (!holds) {
-        std::abort();
-    }
-}
-
 template <typename T> void roundTrip(const QByteArray& json)
 {
     const std::optional<QList<T>> decoded = JsonCoding::decodeArray<T>(json, &T::fromJson);
     if (decoded) {
-        check(JsonCoding::decodeArray<T>(JsonCoding::encodeArray(*decoded, &T::toJson), &T::fromJson) ==
-              decoded);
+        fuzzCheck(JsonCoding::decodeArray<T>(JsonCoding::encodeArray(*decoded, &T::toJson), &T::fromJson) ==
+                  decoded);
     }
 }
 
@@ -46,7 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     roundTrip<PromptStyle>(json);
     roundTrip<AIReplyStyle>(json);
     if (const auto rules = AppLayoutRule::decodeList(json)) {
-        check(AppLayoutRule::decodeList(AppLayoutRule::encodeList(*rules)) == rules);
+        fuzzCheck(AppLayoutRule::decodeList(AppLayoutRule::encodeList(*rules)) == rules);
     }
 
     // The same text under each JSON key, through the settings loading with its merges and migrations.
@@ -62,6 +54,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const MivoraSettings settings = NativeSettingsStore(stored).load();
     MemoryDefaultsStore resaved;
     NativeSettingsStore(resaved).save(settings);
-    check(NativeSettingsStore(resaved).load() == settings);
+    fuzzCheck(NativeSettingsStore(resaved).load() == settings);
     return 0;
 }
