@@ -7,7 +7,9 @@
 #include "SampleFigures.h"
 #include "UserClipboard.h"
 
+#include <QClipboard>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QTextStream>
 
 using namespace std::chrono_literals;
@@ -100,6 +102,11 @@ private:
     // The input wholly selected in the focused field, and the app done with the previous press.
     bool prepare(const QString& input, bool keyboardSelection)
     {
+        if (!keyboardSelection) {
+            // WORKAROUND: the field may still own PRIMARY from an earlier selection, and then the app reads
+            // it instead of copying; the bench owning PRIMARY keeps this road the copy route.
+            QGuiApplication::clipboard()->setText(QStringLiteral("elsewhere"), QClipboard::Selection);
+        }
         const bool selected =
             keyboardSelection ? m_desk.selectFromKeyboard(input) : m_desk.selectInField(input);
         return selected && waitForUserClipboard();

@@ -51,17 +51,28 @@ qint32 TestFieldProcess::processIdentifier() const
     return qint32(m_process.processId());
 }
 
+void TestFieldProcess::splitOutput()
+{
+    qsizetype end = 0;
+    while ((end = m_output.indexOf('\n')) >= 0) {
+        QByteArray line = m_output.left(end);
+        m_output.remove(0, end + 1);
+        if (line.startsWith("text ") || line == "done") {
+            m_answers.insert(m_answersRead++,
+                             line.startsWith("text ") ? line.mid(5).trimmed() : QByteArray());
+        } else {
+            m_lines.append(std::move(line));
+        }
+    }
+}
+
 std::optional<QByteArray> TestFieldProcess::nextLine(const QByteArray& prefix)
 {
     // Lines of other kinds stay queued for their own readers.
     std::optional<QByteArray> found;
     spinUntil(
         [&] {
-            qsizetype end = 0;
-            while ((end = m_output.indexOf('\n')) >= 0) {
-                m_lines.append(m_output.left(end));
-                m_output.remove(0, end + 1);
-            }
+            splitOutput();
             for (qsizetype i = 0; i < m_lines.size(); ++i) {
                 if (m_lines.at(i).startsWith(prefix)) {
                     found = m_lines.takeAt(i).mid(prefix.size()).trimmed();
@@ -74,10 +85,22 @@ std::optional<QByteArray> TestFieldProcess::nextLine(const QByteArray& prefix)
     return found;
 }
 
-std::optional<QString> TestFieldProcess::ask(const QByteArray& command)
+std::optional<QByteArray> TestFieldProcess::command(const QByteArray& line)
 {
-    m_process.write(command + '\n');
-    const std::optional<QByteArray> answer = nextLine("text");
+    const quint64 number = m_commandsSent++;
+    m_process.write(line + '\n');
+    spinUntil(
+        [&] {
+            splitOutput();
+            return m_answers.contains(number) || m_process.state() == QProcess::NotRunning;
+        },
+        10s);
+    return m_answers.contains(number) ? std::optional(m_answers.take(number)) : std::nullopt;
+}
+
+std::optional<QString> TestFieldProcess::ask(const QByteArray& line)
+{
+    const std::optional<QByteArray> answer = command(line);
     return answer ? std::optional(QString::fromUtf8(QByteArray::fromBase64(*answer))) : std::nullopt;
 }
 
@@ -98,8 +121,7 @@ std::optional<QString> TestFieldProcess::window()
 
 bool TestFieldProcess::setText(const QString& text)
 {
-    m_process.write("set " + text.toUtf8().toBase64() + '\n');
-    return nextLine("done").has_value();
+    return command("set " + text.toUtf8().toBase64()).has_value();
 }
 
 std::optional<QString> TestFieldProcess::nextShortcut()
@@ -121,6 +143,5 @@ bool TestFieldProcess::waitForFocus()
 
 bool TestFieldProcess::select(int start, int length)
 {
-    m_process.write("select " + QByteArray::number(start) + ' ' + QByteArray::number(length) + '\n');
-    return nextLine("done").has_value();
+    return command("select " + QByteArray::number(start) + ' ' + QByteArray::number(length)).has_value();
 }

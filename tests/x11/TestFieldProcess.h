@@ -3,6 +3,7 @@
 #include "EventLoopWait.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QProcess>
 #include <QString>
 #include <optional>
@@ -45,8 +46,11 @@ public:
     std::optional<QString> nextTextChange();
 
 private:
+    void splitOutput();
     std::optional<QByteArray> nextLine(const QByteArray& prefix);
-    std::optional<QString> ask(const QByteArray& command);
+    // Sends a command and waits for its answer line ("text …" or "done").
+    std::optional<QByteArray> command(const QByteArray& line);
+    std::optional<QString> ask(const QByteArray& line);
 
     QProcess m_process;
     QString m_otherWindow;
@@ -55,4 +59,9 @@ private:
     int m_minimumWidth = 0;
     QByteArray m_output;
     QList<QByteArray> m_lines;
+    // Commands may nest: a condition polled inside the wait for another answer asks again. The application
+    // answers in the order asked, so each command waits for the answer with its own number.
+    quint64 m_commandsSent = 0;
+    quint64 m_answersRead = 0;
+    QHash<quint64, QByteArray> m_answers;
 };
