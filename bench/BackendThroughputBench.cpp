@@ -96,10 +96,24 @@ quint16 freePort()
     return probe.serverPort();
 }
 
+// Asks the backend to end and waits for it, so it goes as a user's service manager would stop it.
+struct StopBackend {
+    void operator()(QProcess* process) const
+    {
+        process->terminate();
+        if (!process->waitForFinished(3000)) {
+            process->kill();
+            process->waitForFinished(3000);
+        }
+        delete process;
+    }
+};
+using BackendProcess = std::unique_ptr<QProcess, StopBackend>;
+
 // A backend process in front of the upstream; stopped when it goes out of scope.
-std::unique_ptr<QProcess> startBackend(const QString& upstream, quint16 port)
+BackendProcess startBackend(const QString& upstream, quint16 port)
 {
-    auto process = std::make_unique<QProcess>();
+    BackendProcess process(new QProcess);
     process->setProcessChannelMode(QProcess::ForwardedOutputChannel);
     process->start(QStringLiteral(MIVORA_BACKEND_BINARY),
                    {"--token", "bench", "--model", "bench-model", "--upstream-url", upstream, "--port",
@@ -137,7 +151,7 @@ int main(int argc, char** argv)
         ScriptedHttpServer::Reply::json(200, QJsonDocument(answer).toJson(QJsonDocument::Compact)));
 
     const quint16 port = freePort();
-    const std::unique_ptr<QProcess> backend = startBackend(upstream.baseUrl() + "/v1", port);
+    const BackendProcess backend = startBackend(upstream.baseUrl() + "/v1", port);
     const QUrl viaBackend(QStringLiteral("http://127.0.0.1:%1/macos/ai").arg(port));
     const QUrl direct(upstream.baseUrl() + "/v1/chat/completions");
 
@@ -155,7 +169,7 @@ int main(int argc, char** argv)
 
     // Sessions in a fresh process: one warm-up request, then 1,000 conversations of one turn each.
     const quint16 sessionPort = freePort();
-    const std::unique_ptr<QProcess> sessions = startBackend(upstream.baseUrl() + "/v1", sessionPort);
+    const BackendProcess sessions = startBackend(upstream.baseUrl() + "/v1", sessionPort);
     const QUrl sessionUrl(QStringLiteral("http://127.0.0.1:%1/macos/ai").arg(sessionPort));
     load(sessionUrl, 16, std::chrono::seconds(30), 64);
     const long before = residentKibibytes(sessions->processId()).value_or(-1);
