@@ -74,8 +74,9 @@ QCoro::Task<AiEndpoint::Answer> AiEndpoint::serve(QByteArray body, QString devic
     if (request.text.trimmed().isEmpty()) {
         co_return errorAnswer(400, QStringLiteral("No text to process."));
     }
-    if (characterCount(request.text) > m_settings.maxTextCharacters ||
-        characterCount(request.replyTo) > m_settings.maxTextCharacters) {
+    // Only the text is cut into parts by the client; the message replied to comes whole with each part, so
+    // the body limit alone bounds it.
+    if (characterCount(request.text) > m_settings.maxTextCharacters) {
         co_return errorAnswer(413, QStringLiteral("The text is longer than %1 characters; send it in parts.")
                                        .arg(m_settings.maxTextCharacters));
     }

@@ -50,9 +50,6 @@ public:
     // Shows the status and schedules its return to idle (StatusService::publish): the one way every panel
     // and service reports.
     void publishStatus(ActionStatus status) { m_status.publish(std::move(status)); }
-    // The two halves of publishStatus, for a caller that must hold a status without its reset.
-    void setStatus(ActionStatus status) { m_status.set(std::move(status)); }
-    void scheduleStatusReset(const ActionStatus& status) { m_status.scheduleReset(status); }
     const PermissionState& permissionState() const { return m_permissionState; }
     void setPermissionState(PermissionState state);
     const QString& sampleText() const { return m_sampleText; }

@@ -19,14 +19,13 @@ public:
     // idle stay until the next status.
     void publish(ActionStatus status);
 
-    // The two halves of publish, for a caller that must hold a status without its reset.
-    void set(ActionStatus status);
-    void scheduleReset(ActionStatus status);
-
 signals:
     void statusChanged();
 
 private:
+    void set(ActionStatus status);
+    void scheduleReset(ActionStatus status);
+
     Clock& m_clock;
     ActionStatus m_status;
     // Owned here, so a destroyed service is never reset.

@@ -153,10 +153,16 @@ TEST_F(BackendServerHarness, BadRequestsAreRefusedWithoutReachingTheModel)
     }
     EXPECT_TRUE(upstream.requests().isEmpty());
 
-    // 2500 characters of two code units each are within the limit, as the client counts them.
-    completion("ok");
-    EXPECT_EQ(ask(wire(QString("e\u0301").repeated(2500), BackendAction::fix, style("original"))).status,
-              200);
+    // Within the limit as the client counts and cuts: 2500 characters of two code units each, and a long
+    // message replied to, which comes whole with every part of the text.
+    BackendRequest::Arguments longReply =
+        wire("Part", BackendAction::chatReply, style("friendly", "Friendly"));
+    longReply.replyTo = QString(6000, 'm');
+    for (const BackendRequest::Arguments& accepted :
+         {wire(QString("e\u0301").repeated(2500), BackendAction::fix, style("original")), longReply}) {
+        completion("ok");
+        EXPECT_EQ(ask(accepted).status, 200) << accepted.text.size();
+    }
 }
 
 TEST_F(BackendServerHarness, ModelServerFailuresBecomeClearErrors)

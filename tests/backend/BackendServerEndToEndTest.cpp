@@ -1,8 +1,8 @@
 #include "BackendServerHarness.h"
+#include "FailureText.h"
 #include "FakeLanguageRecognizer.h"
 #include "MemoryDefaultsStore.h"
 #include "core/AIReplyStyleLibrary.h"
-#include "core/MivoraError.h"
 #include "text/BackendClient.h"
 #include "updates/AppUpdateClient.h"
 
@@ -18,16 +18,6 @@ protected:
     BackendClient client(const QString& token = QStringLiteral("secret"))
     {
         return BackendClient(network, BackendCredentials(defaults, token), baseUrl, recognizer);
-    }
-
-    template <typename T> static QString failureText(QCoro::Task<T> task)
-    {
-        try {
-            AwaitTask::run(std::move(task));
-        } catch (const MivoraError& error) {
-            return error.errorDescription();
-        }
-        return {};
     }
 
     // A raw exchange: status and body.

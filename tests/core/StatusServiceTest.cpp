@@ -46,12 +46,6 @@ TEST_F(StatusServiceTest, EveryPublishDropsThePendingReset)
     service.publish(ActionStatus::running("busy"));
     clock.advance(10s);
     EXPECT_EQ(service.status(), ActionStatus::running("busy"));
-
-    // A status set without its reset is left alone by the older reset.
-    service.publish(ActionStatus::done("first"));
-    service.set(ActionStatus::done("second"));
-    clock.advance(10s);
-    EXPECT_EQ(service.status(), ActionStatus::done("second"));
 }
 
 } // namespace

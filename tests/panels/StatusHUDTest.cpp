@@ -58,24 +58,23 @@ TEST(StatusHUDContentTest, EachStatusHasItsSymbolToneAndText)
 TEST_F(StatusHUDTest, FollowsTheStatusUntilItsResetAndReusesOneSurface)
 {
     EXPECT_EQ(log.made, 0) << "no overlay before the first status";
-    state.setStatus(ActionStatus::idle());
+    state.publishStatus(ActionStatus::idle());
     EXPECT_EQ(log.made, 0);
 
     hud.attach(state);
-    state.setStatus(ActionStatus::running(QStringLiteral("Reading selection")));
-    state.setStatus(ActionStatus::failed(QStringLiteral("Backend URL is invalid.")));
+    state.publishStatus(ActionStatus::running(QStringLiteral("Reading selection")));
+    state.publishStatus(ActionStatus::failed(QStringLiteral("Backend URL is invalid.")));
     ASSERT_EQ(log.shown.size(), 2);
     EXPECT_EQ(log.shown.last().text, QStringLiteral("Backend URL is invalid."));
     EXPECT_TRUE(hud.isShown());
 
-    // No timer of its own: the overlay goes exactly when the state publishes idle.
-    state.scheduleStatusReset(state.status());
+    // No timer of its own: the overlay goes exactly when the state's reset publishes idle.
     clock.advance(std::chrono::milliseconds(1299));
     EXPECT_TRUE(hud.isShown());
     clock.advance(std::chrono::milliseconds(1));
     EXPECT_FALSE(hud.isShown());
 
-    state.setStatus(ActionStatus::done(QStringLiteral("Pasted")));
+    state.publishStatus(ActionStatus::done(QStringLiteral("Pasted")));
     EXPECT_TRUE(hud.isShown());
     EXPECT_EQ(log.made, 1);
 }

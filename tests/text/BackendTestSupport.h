@@ -1,10 +1,10 @@
 #pragma once
 
 #include "AwaitTask.h"
+#include "FailureText.h"
 #include "FakeLanguageRecognizer.h"
 #include "MemoryDefaultsStore.h"
 #include "ScriptedHttpServer.h"
-#include "core/MivoraError.h"
 #include "text/BackendClient.h"
 
 #include <QJsonDocument>
@@ -39,17 +39,6 @@ protected:
     QJsonObject body(qsizetype index) const
     {
         return QJsonDocument::fromJson(server.requests().at(index).body).object();
-    }
-
-    // The user-facing text of whatever the call throws; empty when it returns.
-    template <typename T> static QString failureText(QCoro::Task<T> task)
-    {
-        try {
-            AwaitTask::run(std::move(task));
-        } catch (const MivoraError& error) {
-            return error.errorDescription();
-        }
-        return {};
     }
 
     ScriptedHttpServer server;

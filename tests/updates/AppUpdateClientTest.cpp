@@ -1,19 +1,5 @@
+#include "FailureText.h"
 #include "UpdateTestSupport.h"
-#include "core/MivoraError.h"
-
-namespace {
-
-QString failureText(QCoro::Task<AppUpdateSnapshot> task)
-{
-    try {
-        AwaitTask::run(std::move(task));
-    } catch (const MivoraError& error) {
-        return error.errorDescription();
-    }
-    return {};
-}
-
-} // namespace
 
 TEST_F(UpdateFixture, AsksWithTheBuildsIdentityInOrder)
 {

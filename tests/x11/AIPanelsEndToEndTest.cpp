@@ -1,10 +1,9 @@
 #include "EventLoopWait.h"
-#include "PrivateSessionBus.h"
+#include "PrivateAccessibilityBusTest.h"
 #include "ResidentAppProcess.h"
 #include "ScriptedHttpServer.h"
 #include "TestFieldProcess.h"
 #include "X11TestClient.h"
-#include "platform/x11/AtspiAccessibilityTree.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -20,29 +19,13 @@ namespace {
 // The real program with its AI panels against a chat-like text field, both on a private accessibility bus:
 // the program needs it to find the chat's message box, and the test reads the panels through it as a
 // screen reader would.
-class AIPanelsEndToEndTest : public ::testing::Test {
+class AIPanelsEndToEndTest : public PrivateAccessibilityBusTest {
 protected:
-    static void SetUpTestSuite()
-    {
-        qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
-        sessionBus = new PrivateSessionBus;
-        if (sessionBus->start()) {
-            tree = new AtspiAccessibilityTree;
-        }
-    }
-    static void TearDownTestSuite()
-    {
-        delete tree;
-        tree = nullptr;
-        delete sessionBus;
-        sessionBus = nullptr;
-    }
-
     void SetUp() override
     {
         ASSERT_TRUE(keyboard.isConnected()) << "needs an X server";
         ASSERT_TRUE(waitForWindowManager()) << "needs an EWMH window manager";
-        ASSERT_NE(tree, nullptr) << "no private session bus: " << sessionBus->failure().constData();
+        ASSERT_TRUE(busIsReady());
         ASSERT_TRUE(keyboard.useKeymap(QStringLiteral("us,ru")));
         app.setSetting(QStringLiteral("mivora.backend.baseURL"), backend.baseUrl());
         app.setSetting(QStringLiteral("mivora.backend.token"), QStringLiteral("e2e-token"));
@@ -75,13 +58,6 @@ protected:
         for (const QString& modifier : modifiers) {
             keyboard.release(modifier);
         }
-    }
-
-    std::optional<QString> text(const AccessibilityElement& element, const QString& name)
-    {
-        const auto value = tree->attribute(element, name);
-        return value && std::holds_alternative<QString>(*value) ? std::optional(std::get<QString>(*value))
-                                                                : std::nullopt;
     }
 
     // The first element of the program whose name or value is the text, searched breadth first.
@@ -119,8 +95,6 @@ protected:
         return button && tree->performAction(button, QStringLiteral("AXPress"));
     }
 
-    static inline PrivateSessionBus* sessionBus = nullptr;
-    static inline AtspiAccessibilityTree* tree = nullptr;
     const QString message = QStringLiteral("Are you coming tonight?");
     const QString userClipboard = QStringLiteral("what the user copied");
     ScriptedHttpServer backend;

@@ -1,6 +1,6 @@
 #include "platform/x11/AtspiAccessibilityTree.h"
 
-#include "PrivateSessionBus.h"
+#include "PrivateAccessibilityBusTest.h"
 #include "TestFieldProcess.h"
 #include "core/EventLoopClock.h"
 #include "exchange/AccessibilityTextReader.h"
@@ -15,36 +15,14 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// A private session bus for the whole suite: the accessibility bus launcher is started on it on demand, and
-// the test field registers there. AT-SPI keeps one connection per process, so the address is set before the
-// first tree exists. A bus that cannot be started fails every test: the test command installs dbus and
-// at-spi2-core, so a missing bus is a broken setup, not a reason to skip.
-class AtspiAccessibilityTreeTest : public ::testing::Test {
+// The test field on the suite's private accessibility bus.
+class AtspiAccessibilityTreeTest : public PrivateAccessibilityBusTest {
 protected:
-    static void SetUpTestSuite()
-    {
-        sessionBus = new PrivateSessionBus;
-        if (sessionBus->start()) {
-            tree = new AtspiAccessibilityTree;
-        }
-    }
-
-    static void TearDownTestSuite()
-    {
-        delete tree;
-        tree = nullptr;
-        delete sessionBus;
-        sessionBus = nullptr;
-    }
-
     void SetUp() override
     {
-        ASSERT_NE(tree, nullptr) << "no private session bus: " << sessionBus->failure().constData();
-        ASSERT_TRUE(tree->isAvailable()) << "the session bus did not start the accessibility bus launcher";
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
+        ASSERT_TRUE(busIsReady());
         ASSERT_TRUE(field.start(QStringLiteral("MivoraAtspiField"), QStringLiteral("Accessible field"),
-                                QStringLiteral("alpha beta gamma"), environment));
+                                QStringLiteral("alpha beta gamma")));
         ASSERT_TRUE(field.waitForFocus());
         // The field registers on the accessibility bus on its own time.
         ASSERT_TRUE(spinUntil(
@@ -65,15 +43,6 @@ protected:
                    : AccessibilityElement();
     }
 
-    std::optional<QString> text(const AccessibilityElement& element, const QString& name)
-    {
-        const std::optional<AccessibilityValue> value = tree->attribute(element, name);
-        return value && std::holds_alternative<QString>(*value) ? std::optional(std::get<QString>(*value))
-                                                                : std::nullopt;
-    }
-
-    static inline PrivateSessionBus* sessionBus = nullptr;
-    static inline AtspiAccessibilityTree* tree = nullptr;
     TestFieldProcess field;
     AccessibilityElement application;
 };

@@ -216,6 +216,29 @@ TEST_F(X11FaceTest, TheOverlaySitsAtTheBottomCentreAndLeavesTheFocusWhereItWas)
     EXPECT_FALSE(overlay.isShown());
 }
 
+TEST(StatusOverlayTextTest, ShrinksToNoLessThanFourFifthsOfItsSizeThenIsCut)
+{
+    // 14 points in a text area 200 wide.
+    const struct {
+        qreal naturalWidth, pointSize;
+        bool cut;
+    } cases[] = {
+        {0, 14, false},
+        {120, 14, false},
+        {200, 14, false},
+        {230, 14 * 200.0 / 230, false},
+        {240, 14 * 200.0 / 240, false},
+        {250, 14 * 0.82, true},
+        {2000, 14 * 0.82, true},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.naturalWidth);
+        const auto [pointSize, cut] = StatusHUDPanel::fittedTextSize(test.naturalWidth, 200, 14);
+        EXPECT_NEAR(pointSize, test.pointSize, 1e-9);
+        EXPECT_EQ(cut, test.cut);
+    }
+}
+
 TEST_F(X11FaceTest, APanelFloatsOnEveryDesktopOutOfTaskbarsAndClosingOnlyHidesIt)
 {
     TestFieldProcess field;

@@ -9,7 +9,9 @@
 
 TrayIcon::TrayIcon()
 {
-    m_icon.setIcon(MenuBarIcon::icon(QApplication::palette().color(QPalette::WindowText)));
+    paintMark();
+    // A switch between light and dark desktop themes arrives as a new application palette.
+    QCoreApplication::instance()->installEventFilter(this);
     m_icon.setToolTip(QStringLiteral("MivoraAI"));
     // A left click opens the same menu as a right click: the tray entry has nothing else to do.
     QObject::connect(&m_icon, &QSystemTrayIcon::activated, &m_icon,
@@ -24,6 +26,19 @@ TrayIcon::TrayIcon()
 TrayIcon::~TrayIcon()
 {
     m_icon.hide();
+}
+
+bool TrayIcon::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == QCoreApplication::instance() && event->type() == QEvent::ApplicationPaletteChange) {
+        paintMark();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void TrayIcon::paintMark()
+{
+    m_icon.setIcon(MenuBarIcon::icon(QApplication::palette().color(QPalette::WindowText)));
 }
 
 void TrayIcon::setMenu(const MenuModel& menu)
