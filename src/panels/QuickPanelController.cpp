@@ -127,7 +127,7 @@ void QuickPanelController::choose(const QuickAction& action)
     if (action.id == u"ai") {
         openAssistant();
     } else if (action.id == u"clipboard") {
-        m_services.panels.toggleClipboardPanel();
+        m_services.panels.showClipboardPanel();
     } else {
         m_appState->run(action, true, false);
     }

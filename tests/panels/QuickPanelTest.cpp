@@ -31,7 +31,8 @@ struct FakeSurface : QuickPanelSurface, FloatingButtonSurface {
 struct RecordingPanels : HotkeyPanelTargets {
     QStringList calls;
     void toggleQuickPanel() override { calls << "quick"; }
-    void toggleClipboardPanel() override { calls << "clipboard"; }
+    void toggleClipboardPanel() override { calls << "toggle clipboard"; }
+    void showClipboardPanel() override { calls << "clipboard"; }
     void showAssistant(const QString& context) override { calls << "assistant:" + context; }
     void showReply(const QString&, const AIReplyStyle&, const QString&) override {}
     void showTranslationPreview() override {}
