@@ -164,9 +164,21 @@ QWidget* AssistantPanel::makeReplyActions()
     m_regenerate = toolButton(m_replyActions, QStringLiteral("assistantRegenerate"));
     connect(m_regenerate, &QToolButton::clicked, &m_controller, &AssistantPanelController::regenerateReply);
     m_emojis = toolButton(m_replyActions, QStringLiteral("assistantAddEmojis"));
+    m_emojis->setIconSize(QSize(32, 16));
     connect(m_emojis, &QToolButton::clicked, &m_controller, &AssistantPanelController::addEmojisToReply);
     m_language = toolButton(m_replyActions, QStringLiteral("assistantLanguage"));
-    m_language->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    // A tool button shows one icon before its text; the chevron comes after it, so the button holds the three
+    // parts as labels that leave the clicks to it.
+    auto* languageParts = new QHBoxLayout(m_language);
+    languageParts->setContentsMargins(6, 3, 6, 3);
+    languageParts->setSpacing(4);
+    m_languageGlobe = new QLabel(m_language);
+    m_languageCode = new QLabel(m_language);
+    m_languageChevron = new QLabel(m_language);
+    for (QLabel* part : {m_languageGlobe, m_languageCode, m_languageChevron}) {
+        part->setAttribute(Qt::WA_TransparentForMouseEvents);
+        languageParts->addWidget(part);
+    }
     connect(m_language, &QToolButton::clicked, this,
             [this] { setLanguageListVisible(!isLanguageListVisible()); });
     m_translate = toolButton(m_replyActions, QStringLiteral("assistantTranslate"));
@@ -299,7 +311,7 @@ void AssistantPanel::refresh()
         const char* symbol;
     } actions[] = {
         {m_regenerate, "Regenerate reply", "Повторить ответ", "arrow.clockwise"},
-        {m_emojis, "Add emojis", "Добавить смайлы", "face.smiling"},
+        {m_emojis, "Add emojis", "Добавить смайлы", nullptr},
         {m_translate, "Translate reply", "Перевести ответ", nullptr},
         {m_copy, "Copy reply", "Скопировать ответ", "doc.on.doc"},
         {m_paste, "Paste reply", "Вставить ответ", "arrow.turn.down.left"},
@@ -313,10 +325,14 @@ void AssistantPanel::refresh()
             action.button->setIcon(SymbolIcons::icon(QString::fromLatin1(action.symbol), ink, 16));
         }
     }
+    m_emojis->setIcon(
+        SymbolIcons::iconRow({QStringLiteral("plus"), QStringLiteral("face.smiling")}, ink, 16));
     m_translate->setText(c.text("Translate", "Перевод"));
-    m_language->setIcon(SymbolIcons::icon(QStringLiteral("globe"), ink, 16));
-    m_language->setText(LanguageShortCode::of(c.replyTranslationLanguage()) + QStringLiteral(" ▾"));
+    m_languageGlobe->setPixmap(SymbolIcons::icon(QStringLiteral("globe"), ink, 16).pixmap(16));
+    m_languageCode->setText(LanguageShortCode::of(c.replyTranslationLanguage()));
+    m_languageChevron->setPixmap(SymbolIcons::icon(QStringLiteral("chevron.down"), ink, 10).pixmap(10));
     m_language->setToolTip(c.text("Translation language", "Язык перевода"));
+    m_language->setAccessibleName(m_language->toolTip());
     m_language->setEnabled(!running);
     for (int row = 0; row < m_languageList->count(); ++row) {
         QListWidgetItem* item = m_languageList->item(row);
