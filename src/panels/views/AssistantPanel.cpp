@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
+#include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTimer>
@@ -34,6 +35,27 @@ QLabel* wrappingLabel(const QString& text, QWidget* parent)
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
+}
+
+// The language button's face: the globe, the language's short code and a chevron, in that order, which a tool
+// button's one icon before its text cannot show.
+QPixmap languageButtonFace(const QString& code, const QFont& font, const QColor& ink)
+{
+    constexpr int side = 16;
+    constexpr int gap = 4;
+    constexpr int chevron = 10;
+    const int codeWidth = QFontMetrics(font).horizontalAdvance(code);
+    QPixmap face(QSize(side + gap + codeWidth + gap + chevron, side) * 2);
+    face.setDevicePixelRatio(2);
+    face.fill(Qt::transparent);
+    QPainter painter(&face);
+    SymbolIcons::icon(QStringLiteral("globe"), ink, side).paint(&painter, QRect(0, 0, side, side));
+    painter.setFont(font);
+    painter.setPen(ink);
+    painter.drawText(QRect(side + gap, 0, codeWidth, side), Qt::AlignCenter, code);
+    SymbolIcons::icon(QStringLiteral("chevron.down"), ink, chevron)
+        .paint(&painter, QRect(side + gap + codeWidth + gap, (side - chevron) / 2, chevron, chevron));
+    return face;
 }
 
 // Empties the layout with its nested rows. Widgets go later: one of them may be the button whose click is
@@ -167,18 +189,6 @@ QWidget* AssistantPanel::makeReplyActions()
     m_emojis->setIconSize(QSize(32, 16));
     connect(m_emojis, &QToolButton::clicked, &m_controller, &AssistantPanelController::addEmojisToReply);
     m_language = toolButton(m_replyActions, QStringLiteral("assistantLanguage"));
-    // A tool button shows one icon before its text; the chevron comes after it, so the button holds the three
-    // parts as labels that leave the clicks to it.
-    auto* languageParts = new QHBoxLayout(m_language);
-    languageParts->setContentsMargins(6, 3, 6, 3);
-    languageParts->setSpacing(4);
-    m_languageGlobe = new QLabel(m_language);
-    m_languageCode = new QLabel(m_language);
-    m_languageChevron = new QLabel(m_language);
-    for (QLabel* part : {m_languageGlobe, m_languageCode, m_languageChevron}) {
-        part->setAttribute(Qt::WA_TransparentForMouseEvents);
-        languageParts->addWidget(part);
-    }
     connect(m_language, &QToolButton::clicked, this,
             [this] { setLanguageListVisible(!isLanguageListVisible()); });
     m_translate = toolButton(m_replyActions, QStringLiteral("assistantTranslate"));
@@ -328,9 +338,10 @@ void AssistantPanel::refresh()
     m_emojis->setIcon(
         SymbolIcons::iconRow({QStringLiteral("plus"), QStringLiteral("face.smiling")}, ink, 16));
     m_translate->setText(c.text("Translate", "Перевод"));
-    m_languageGlobe->setPixmap(SymbolIcons::icon(QStringLiteral("globe"), ink, 16).pixmap(16));
-    m_languageCode->setText(LanguageShortCode::of(c.replyTranslationLanguage()));
-    m_languageChevron->setPixmap(SymbolIcons::icon(QStringLiteral("chevron.down"), ink, 10).pixmap(10));
+    const QPixmap languageFace =
+        languageButtonFace(LanguageShortCode::of(c.replyTranslationLanguage()), m_language->font(), ink);
+    m_language->setIcon(languageFace);
+    m_language->setIconSize(languageFace.deviceIndependentSize().toSize());
     m_language->setToolTip(c.text("Translation language", "Язык перевода"));
     m_language->setAccessibleName(m_language->toolTip());
     m_language->setEnabled(!running);

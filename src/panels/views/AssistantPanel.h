@@ -59,11 +59,7 @@ private:
     QWidget* m_replyActions = nullptr;
     QToolButton* m_regenerate = nullptr;
     QToolButton* m_emojis = nullptr;
-    // The language button shows the globe, the language's short code and a chevron, in that order.
     QToolButton* m_language = nullptr;
-    QLabel* m_languageGlobe = nullptr;
-    QLabel* m_languageCode = nullptr;
-    QLabel* m_languageChevron = nullptr;
     QToolButton* m_translate = nullptr;
     QToolButton* m_copy = nullptr;
     QToolButton* m_paste = nullptr;
