@@ -14,6 +14,7 @@
 #include "FakePasteboard.h"
 #include "FakeTextExchange.h"
 #include "MemoryDefaultsStore.h"
+#include "PaintedWindow.h"
 #include "PeerProcess.h"
 #include "ProcessMemory.h"
 #include "ResidentAppProcess.h"
@@ -34,7 +35,6 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <X11/Xlib.h>
-#include <X11/Xutil.h>
 // Xlib names an event type KeyPress, which would hide Qt's.
 #undef KeyPress
 
@@ -44,6 +44,7 @@ namespace {
 
 QTextStream out(stdout);
 constexpr int itemCount = 1000;
+const QString panelTitle = QStringLiteral("Clipboard");
 
 QString itemText(int index)
 {
@@ -59,53 +60,6 @@ QByteArray historyBlob()
         items.append(ClipboardHistoryItem::make(itemText(index), now.addSecs(-index)));
     }
     return ClipboardHistoryItem::encodeList(items);
-}
-
-// The viewable top-level window with this title, searched below the window manager's frames.
-Window findViewable(Display* dpy, Window parent, const char* title)
-{
-    Window root = 0;
-    Window up = 0;
-    Window* children = nullptr;
-    unsigned int count = 0;
-    if (XQueryTree(dpy, parent, &root, &up, &children, &count) == 0) {
-        return 0;
-    }
-    Window found = 0;
-    for (unsigned int i = 0; i < count && found == 0; ++i) {
-        XWindowAttributes attributes;
-        if (XGetWindowAttributes(dpy, children[i], &attributes) == 0 || attributes.map_state != IsViewable) {
-            continue;
-        }
-        char* name = nullptr;
-        if (XFetchName(dpy, children[i], &name) != 0 && name != nullptr) {
-            if (qstrcmp(name, title) == 0) {
-                found = children[i];
-            }
-            XFree(name);
-        }
-        if (found == 0) {
-            found = findViewable(dpy, children[i], title);
-        }
-    }
-    XFree(children);
-    return found;
-}
-
-// Mapped and painted: a pixel of the sheet's header is no longer the unpainted black.
-bool panelPainted(Display* dpy)
-{
-    const Window panel = findViewable(dpy, DefaultRootWindow(dpy), "Clipboard");
-    if (panel == 0) {
-        return false;
-    }
-    XImage* image = XGetImage(dpy, panel, 60, 12, 1, 1, AllPlanes, ZPixmap);
-    if (image == nullptr) {
-        return false;
-    }
-    const bool painted = XGetPixel(image, 0, 0) != 0;
-    XDestroyImage(image);
-    return painted;
 }
 
 struct AppSamples {
@@ -153,7 +107,7 @@ AppSamples runMivora(Display* dpy, const QByteArray& blob, int shows)
         QElapsedTimer since;
         since.start();
         pressHotkey(keyboard);
-        const double ms = millisecondsUntil(since, [&] { return panelPainted(dpy); });
+        const double ms = millisecondsUntil(since, [&] { return windowPainted(dpy, panelTitle); });
         if (show == 0) {
             samples.firstShow = ms;
             pauseFor(1s);
@@ -162,7 +116,7 @@ AppSamples runMivora(Display* dpy, const QByteArray& blob, int shows)
             samples.laterShows.append(ms);
         }
         keyboard.type({QStringLiteral("Escape")});
-        spinUntil([&] { return findViewable(dpy, DefaultRootWindow(dpy), "Clipboard") == 0; });
+        spinUntil([&] { return viewableWindow(dpy, panelTitle) == 0; });
         pauseFor(300ms);
     }
     app.terminate();

@@ -53,10 +53,12 @@ QuickPanelController::makeSavedPanelSize(std::optional<int> visibleHeight) const
     const qsizetype count = m_appState ? m_appState->quickActions().size() : 0;
     const MenuScale scale = m_appState ? m_appState->settings().quickMenuSize : MenuScale::tiny;
     const int limit = heightLimit(visibleHeight);
+    // Unlike the other panels, this one never stores a height beyond the limit of the screen it was made on.
     return std::make_unique<SavedPanelSize>(
         m_services.defaults, QStringLiteral("mivora.quickPanel"),
         SavedPanelSize::Limits{minPanelSize, QSize(maxSavedWidth, std::max(limit, minPanelSize.height())),
-                               preferredPanelSize(count, scale, visibleHeight)});
+                               preferredPanelSize(count, scale, visibleHeight)},
+        SavedPanelSize::SavedHeight::cappedAtMaximum);
 }
 
 void QuickPanelController::rememberFrontmost()
@@ -125,7 +127,7 @@ void QuickPanelController::choose(const QuickAction& action)
     if (action.id == u"ai") {
         openAssistant();
     } else if (action.id == u"clipboard") {
-        m_services.panels.toggleClipboardPanel();
+        m_services.panels.showClipboardPanel();
     } else {
         m_appState->run(action, true, false);
     }

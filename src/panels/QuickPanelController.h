@@ -83,7 +83,8 @@ public:
     static int heightLimit(std::optional<int> visibleHeight);
     // Room for every action, and for at least four, within the height limit.
     static QSize preferredPanelSize(qsizetype actionCount, MenuScale scale, std::optional<int> visibleHeight);
-    // The saved size under "mivora.quickPanel", with the preferred size as its fallback.
+    // The saved size under "mivora.quickPanel", with the preferred size as its fallback; it stores at most
+    // the height limit.
     std::unique_ptr<SavedPanelSize> makeSavedPanelSize(std::optional<int> visibleHeight) const;
 
 signals:

@@ -20,9 +20,10 @@ std::optional<double> storedDimension(const DefaultsStore& defaults, const QStri
 
 } // namespace
 
-SavedPanelSize::SavedPanelSize(DefaultsStore& defaults, const QString& keyPrefix, Limits limits)
+SavedPanelSize::SavedPanelSize(DefaultsStore& defaults, const QString& keyPrefix, Limits limits,
+                               SavedHeight savedHeight)
     : m_defaults(defaults), m_widthKey(keyPrefix + QStringLiteral(".width")),
-      m_heightKey(keyPrefix + QStringLiteral(".height")), m_limits(limits)
+      m_heightKey(keyPrefix + QStringLiteral(".height")), m_limits(limits), m_savedHeight(savedHeight)
 {}
 
 QSize SavedPanelSize::load() const
@@ -38,7 +39,10 @@ QSize SavedPanelSize::load() const
 
 void SavedPanelSize::save(QSize size)
 {
-    const QSize kept = size.expandedTo(m_limits.minimum);
+    QSize kept = size.expandedTo(m_limits.minimum);
+    if (m_savedHeight == SavedHeight::cappedAtMaximum) {
+        kept.setHeight(std::min(kept.height(), m_limits.maximum.height()));
+    }
     // Panels save at every hide; an unchanged size writes nothing, since a write may cost a whole file.
     if (storedDimension(m_defaults, m_widthKey) == double(kept.width()) &&
         storedDimension(m_defaults, m_heightKey) == double(kept.height())) {

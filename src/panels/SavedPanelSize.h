@@ -15,12 +15,15 @@ public:
         QSize maximum;
         QSize fallback;
     };
+    // Whether a size taller than the maximum is stored as it is (it still opens capped) or capped already.
+    enum class SavedHeight { asResized, cappedAtMaximum };
 
-    SavedPanelSize(DefaultsStore& defaults, const QString& keyPrefix, Limits limits);
+    SavedPanelSize(DefaultsStore& defaults, const QString& keyPrefix, Limits limits,
+                   SavedHeight savedHeight = SavedHeight::asResized);
 
     // The stored size capped at the maximum when both sides reach the minimum; the fallback otherwise.
     QSize load() const;
-    // Stores the size, raised to the minimum.
+    // Stores the size, raised to the minimum and, when so made, its height capped at the maximum.
     void save(QSize size);
     const Limits& limits() const { return m_limits; }
 
@@ -29,4 +32,5 @@ private:
     QString m_widthKey;
     QString m_heightKey;
     Limits m_limits;
+    SavedHeight m_savedHeight;
 };

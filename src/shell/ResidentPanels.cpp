@@ -18,6 +18,13 @@ void ResidentPanels::toggleClipboardPanel()
     }
 }
 
+void ResidentPanels::showClipboardPanel()
+{
+    if (m_clipboardPanel != nullptr) {
+        m_clipboardPanel->show();
+    }
+}
+
 void ResidentPanels::showAssistant(const QString& context)
 {
     if (m_assistant != nullptr) {

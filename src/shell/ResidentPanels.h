@@ -18,6 +18,7 @@ public:
 
     void toggleQuickPanel() override;
     void toggleClipboardPanel() override;
+    void showClipboardPanel() override;
     void showAssistant(const QString& context) override;
     void showReply(const QString& message, const AIReplyStyle& style, const QString& targetLanguage) override;
     void showTranslationPreview() override;

@@ -58,6 +58,7 @@ void ScriptedHttpServer::readFrom(QTcpSocket* socket)
     }
     request.body = buffer.mid(headerEnd + 4, length);
     m_requests.append(request);
+    emit requestReceived();
     m_buffers.remove(socket);
     disconnect(socket, &QTcpSocket::readyRead, this, nullptr);
     answer(socket);
@@ -69,7 +70,7 @@ void ScriptedHttpServer::answer(QTcpSocket* socket)
         m_lastReply = m_replies.takeFirst();
     }
     const Reply reply = m_lastReply;
-    QTimer::singleShot(reply.delay, socket, [socket, reply] {
+    QTimer::singleShot(reply.delay, socket, [this, socket, reply] {
         const QByteArray body = reply.truncateAt < 0 ? reply.body : reply.body.left(reply.truncateAt);
         QByteArray head = "HTTP/1.1 " + QByteArray::number(reply.status) + " Scripted\r\n";
         head += "Content-Type: " + reply.contentType + "\r\n";
@@ -77,5 +78,6 @@ void ScriptedHttpServer::answer(QTcpSocket* socket)
         head += "Connection: close\r\n\r\n";
         socket->write(head + body);
         socket->disconnectFromHost();
+        emit replied();
     });
 }

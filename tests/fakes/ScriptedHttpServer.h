@@ -47,6 +47,12 @@ public:
     void enqueue(Reply reply);
     const QList<Request>& requests() const { return m_requests; }
 
+signals:
+    // A request was read whole; its reply follows after the reply's delay.
+    void requestReceived();
+    // The reply to a request was handed to the connection.
+    void replied();
+
 private:
     void accept();
     void readFrom(QTcpSocket* socket);

@@ -24,6 +24,7 @@ struct RecordingPanels : HotkeyPanelTargets {
     QStringList calls;
     void toggleQuickPanel() override { calls << "quick"; }
     void toggleClipboardPanel() override { calls << "clipboard"; }
+    void showClipboardPanel() override { calls << "show clipboard"; }
     void showAssistant(const QString& context) override { calls << "assistant:" + context; }
     void showReply(const QString& message, const AIReplyStyle& style, const QString& language) override
     {

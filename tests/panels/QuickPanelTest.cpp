@@ -31,7 +31,8 @@ struct FakeSurface : QuickPanelSurface, FloatingButtonSurface {
 struct RecordingPanels : HotkeyPanelTargets {
     QStringList calls;
     void toggleQuickPanel() override { calls << "quick"; }
-    void toggleClipboardPanel() override { calls << "clipboard"; }
+    void toggleClipboardPanel() override { calls << "toggle clipboard"; }
+    void showClipboardPanel() override { calls << "clipboard"; }
     void showAssistant(const QString& context) override { calls << "assistant:" + context; }
     void showReply(const QString&, const AIReplyStyle&, const QString&) override {}
     void showTranslationPreview() override {}
@@ -120,7 +121,8 @@ TEST_F(QuickPanelTest, SavedSizeKeepsToTheHeightLimit)
     auto saved = quick.makeSavedPanelSize(1000);
     EXPECT_EQ(saved->load(), QSize(560, 620));
     saved->save(QSize(200, 700));
-    EXPECT_EQ(saved->load(), QSize(300, 620));
+    EXPECT_EQ(defaults.value("mivora.quickPanel.width").toDouble(), 300.0);
+    EXPECT_EQ(defaults.value("mivora.quickPanel.height").toDouble(), 620.0) << "stored at most the limit";
 }
 
 TEST_F(QuickPanelTest, ShowsInPlaceRunsTheChosenRowAndHidesOnAnOutsideClick)

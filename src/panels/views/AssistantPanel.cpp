@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
+#include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTimer>
@@ -34,6 +35,27 @@ QLabel* wrappingLabel(const QString& text, QWidget* parent)
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
+}
+
+// The language button's face: the globe, the language's short code and a chevron, in that order, which a tool
+// button's one icon before its text cannot show.
+QPixmap languageButtonFace(const QString& code, const QFont& font, const QColor& ink)
+{
+    constexpr int side = 16;
+    constexpr int gap = 4;
+    constexpr int chevron = 10;
+    const int codeWidth = QFontMetrics(font).horizontalAdvance(code);
+    QPixmap face(QSize(side + gap + codeWidth + gap + chevron, side) * 2);
+    face.setDevicePixelRatio(2);
+    face.fill(Qt::transparent);
+    QPainter painter(&face);
+    SymbolIcons::icon(QStringLiteral("globe"), ink, side).paint(&painter, QRect(0, 0, side, side));
+    painter.setFont(font);
+    painter.setPen(ink);
+    painter.drawText(QRect(side + gap, 0, codeWidth, side), Qt::AlignCenter, code);
+    SymbolIcons::icon(QStringLiteral("chevron.down"), ink, chevron)
+        .paint(&painter, QRect(side + gap + codeWidth + gap, (side - chevron) / 2, chevron, chevron));
+    return face;
 }
 
 // Empties the layout with its nested rows. Widgets go later: one of them may be the button whose click is
@@ -164,9 +186,9 @@ QWidget* AssistantPanel::makeReplyActions()
     m_regenerate = toolButton(m_replyActions, QStringLiteral("assistantRegenerate"));
     connect(m_regenerate, &QToolButton::clicked, &m_controller, &AssistantPanelController::regenerateReply);
     m_emojis = toolButton(m_replyActions, QStringLiteral("assistantAddEmojis"));
+    m_emojis->setIconSize(QSize(32, 16));
     connect(m_emojis, &QToolButton::clicked, &m_controller, &AssistantPanelController::addEmojisToReply);
     m_language = toolButton(m_replyActions, QStringLiteral("assistantLanguage"));
-    m_language->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     connect(m_language, &QToolButton::clicked, this,
             [this] { setLanguageListVisible(!isLanguageListVisible()); });
     m_translate = toolButton(m_replyActions, QStringLiteral("assistantTranslate"));
@@ -299,7 +321,7 @@ void AssistantPanel::refresh()
         const char* symbol;
     } actions[] = {
         {m_regenerate, "Regenerate reply", "Повторить ответ", "arrow.clockwise"},
-        {m_emojis, "Add emojis", "Добавить смайлы", "face.smiling"},
+        {m_emojis, "Add emojis", "Добавить смайлы", nullptr},
         {m_translate, "Translate reply", "Перевести ответ", nullptr},
         {m_copy, "Copy reply", "Скопировать ответ", "doc.on.doc"},
         {m_paste, "Paste reply", "Вставить ответ", "arrow.turn.down.left"},
@@ -313,10 +335,15 @@ void AssistantPanel::refresh()
             action.button->setIcon(SymbolIcons::icon(QString::fromLatin1(action.symbol), ink, 16));
         }
     }
+    m_emojis->setIcon(
+        SymbolIcons::iconRow({QStringLiteral("plus"), QStringLiteral("face.smiling")}, ink, 16));
     m_translate->setText(c.text("Translate", "Перевод"));
-    m_language->setIcon(SymbolIcons::icon(QStringLiteral("globe"), ink, 16));
-    m_language->setText(LanguageShortCode::of(c.replyTranslationLanguage()) + QStringLiteral(" ▾"));
+    const QPixmap languageFace =
+        languageButtonFace(LanguageShortCode::of(c.replyTranslationLanguage()), m_language->font(), ink);
+    m_language->setIcon(languageFace);
+    m_language->setIconSize(languageFace.deviceIndependentSize().toSize());
     m_language->setToolTip(c.text("Translation language", "Язык перевода"));
+    m_language->setAccessibleName(m_language->toolTip());
     m_language->setEnabled(!running);
     for (int row = 0; row < m_languageList->count(); ++row) {
         QListWidgetItem* item = m_languageList->item(row);

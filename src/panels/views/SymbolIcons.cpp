@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
+#include <QPolygonF>
 
 namespace {
 
@@ -45,6 +46,10 @@ const QHash<QString, Symbol>& symbols()
         {QStringLiteral("arrow.down.circle"), {u"software-update-available", u"⇩"}},
         {QStringLiteral("checkmark"), {u"object-select", u"✓"}},
         {QStringLiteral("chevron.up.chevron.down"), {u"pan-down", u"⇕"}},
+        {QStringLiteral("chevron.down"), {u"pan-down", u"▾"}},
+        {QStringLiteral("arrow.down.circle.fill"), {u"software-update-available", u"⇩"}},
+        {QStringLiteral("arrow.triangle.2.circlepath"), {u"view-refresh", u"⟳"}},
+        {QStringLiteral("clock"), {u"appointment-soon", u"◔"}},
         // Panel controls.
         {QStringLiteral("plus"), {u"list-add", u"+"}},
         {QStringLiteral("minus"), {u"list-remove", u"−"}},
@@ -56,8 +61,8 @@ const QHash<QString, Symbol>& symbols()
         {QStringLiteral("pencil"), {u"document-edit", u"✎"}},
         {QStringLiteral("arrow.turn.down.left"), {u"edit-paste", u"↵"}},
         {QStringLiteral("arrow.clockwise"), {u"view-refresh", u"↻"}},
-        {QStringLiteral("doc.on.doc"), {u"edit-copy", u"⧉"}},
-        {QStringLiteral("plus.square.on.square"), {u"edit-copy", u"⧉"}},
+        {QStringLiteral("doc.on.doc"), {u"edit-copy", u"❐"}},
+        {QStringLiteral("plus.square.on.square"), {u"edit-copy", u"❐"}},
         {QStringLiteral("doc.on.clipboard"), {u"edit-paste", u"▤"}},
         {QStringLiteral("plus.message"), {u"document-new", u"✚"}},
         {QStringLiteral("globe"), {u"preferences-desktop-locale", u"◍"}},
@@ -68,6 +73,7 @@ const QHash<QString, Symbol>& symbols()
         {QStringLiteral("checkmark.circle.fill"), {u"emblem-ok", u"✔"}},
         {QStringLiteral("checkmark.circle"), {u"emblem-default", u"✓"}},
         {QStringLiteral("exclamationmark.triangle.fill"), {u"dialog-warning", u"⚠"}},
+        {QStringLiteral("exclamationmark.circle"), {u"dialog-warning", u"!"}},
         {QStringLiteral("progress.indicator"), {u"process-working", u"◌"}},
     };
     return table;
@@ -90,16 +96,32 @@ bool paintShape(QPainter& painter, const QRectF& box, const QString& name, const
         painter.drawPath(tick);
     };
 
+    const auto ring = [&] {
+        painter.setPen(pen);
+        painter.setBrush(Qt::NoBrush);
+        painter.drawEllipse(box.adjusted(stroke / 2, stroke / 2, -stroke / 2, -stroke / 2));
+    };
+    const auto at = [&](qreal x, qreal y) { return QPointF(box.left() + side * x, box.top() + side * y); };
+
     if (name == u"checkmark.circle.fill") {
         painter.setPen(Qt::NoPen);
         painter.setBrush(color);
         painter.drawEllipse(box);
         checkmark(Qt::white);
     } else if (name == u"checkmark.circle") {
+        ring();
+        checkmark(color);
+    } else if (name == u"exclamationmark.circle") {
+        ring();
+        painter.drawLine(at(0.5, 0.28), at(0.5, 0.54));
+        painter.drawPoint(at(0.5, 0.72));
+    } else if (name == u"clock") {
+        ring();
+        painter.drawPolyline(QPolygonF{at(0.5, 0.26), at(0.5, 0.5), at(0.68, 0.6)});
+    } else if (name == u"chevron.down") {
         painter.setPen(pen);
         painter.setBrush(Qt::NoBrush);
-        painter.drawEllipse(box.adjusted(stroke / 2, stroke / 2, -stroke / 2, -stroke / 2));
-        checkmark(color);
+        painter.drawPolyline(QPolygonF{at(0.22, 0.38), at(0.5, 0.66), at(0.78, 0.38)});
     } else if (name == u"exclamationmark.triangle.fill") {
         QPainterPath triangle;
         triangle.moveTo(box.center().x(), box.top() + side * 0.06);
@@ -184,6 +206,19 @@ QIcon SymbolIcons::icon(const QString& symbol, const QColor& color, int side)
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     paint(painter, QRectF(0, 0, side, side), symbol, color);
+    painter.end();
+    return QIcon(pixmap);
+}
+
+QIcon SymbolIcons::iconRow(const QStringList& symbols, const QColor& color, int side)
+{
+    QPixmap pixmap(QSize(side * int(symbols.size()), side) * 2);
+    pixmap.setDevicePixelRatio(2);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    for (int index = 0; index < symbols.size(); ++index) {
+        icon(symbols.at(index), color, side).paint(&painter, QRect(index * side, 0, side, side));
+    }
     painter.end();
     return QIcon(pixmap);
 }

@@ -4,6 +4,7 @@
 #include <QIcon>
 #include <QRectF>
 #include <QString>
+#include <QStringList>
 
 class QPainter;
 
@@ -20,4 +21,6 @@ public:
     static void paint(QPainter& painter, const QRectF& rect, const QString& symbol, const QColor& color);
     // The theme's icon when the current theme has one, otherwise the drawing in color at side pixels.
     static QIcon icon(const QString& symbol, const QColor& color, int side);
+    // The symbols' icons side by side in one, each side pixels square: a control that shows two symbols.
+    static QIcon iconRow(const QStringList& symbols, const QColor& color, int side);
 };

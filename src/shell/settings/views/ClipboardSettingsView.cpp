@@ -1,6 +1,7 @@
 #include "shell/settings/views/ClipboardSettingsView.h"
 
 #include "core/MivoraAppState.h"
+#include "panels/views/SymbolIcons.h"
 #include "shell/settings/ClipboardSettingsModel.h"
 #include "shell/settings/views/SettingsCard.h"
 #include "shell/settings/views/SettingsPageKit.h"
@@ -97,10 +98,10 @@ void ClipboardSettingsView::refreshItems()
         buttonsLayout->setContentsMargins(0, 0, 0, 0);
         buttonsLayout->setSpacing(2);
         auto* putBack = new QToolButton;
-        putBack->setIcon(settingsSymbol(QStringLiteral("arrow.turn.down.left"), ink));
+        putBack->setIcon(SymbolIcons::icon(QStringLiteral("arrow.turn.down.left"), ink, 16));
         putBack->setAutoRaise(true);
         auto* remove = new QToolButton;
-        remove->setIcon(settingsSymbol(QStringLiteral("trash"), QColor(220, 70, 70)));
+        remove->setIcon(SymbolIcons::icon(QStringLiteral("trash"), QColor(220, 70, 70), 16));
         remove->setAutoRaise(true);
         buttonsLayout->addWidget(putBack);
         buttonsLayout->addWidget(remove);

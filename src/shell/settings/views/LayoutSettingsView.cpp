@@ -2,6 +2,7 @@
 
 #include "core/MivoraAppState.h"
 #include "hotkeys/views/HotkeyRecorderField.h"
+#include "panels/views/SymbolIcons.h"
 #include "platform/ApplicationCatalog.h"
 #include "shell/settings/LayoutSettingsModel.h"
 #include "shell/settings/views/ApplicationChooserDialog.h"
@@ -112,7 +113,8 @@ void LayoutSettingsView::refresh()
                   "Автоматически переключает раскладку, когда выбранное приложение становится активным."));
     static_cast<SettingsSwitch*>(m_perApp->control())->setCheckedQuietly(settings.appLayoutSwitchingEnabled);
     m_addApplication->setText(localized(language(), "Add application", "Добавить приложение"));
-    m_addApplication->setIcon(settingsSymbol(QStringLiteral("plus"), palette().color(QPalette::ButtonText)));
+    m_addApplication->setIcon(
+        SymbolIcons::icon(QStringLiteral("plus"), palette().color(QPalette::ButtonText), 16));
     refreshRules();
 }
 
@@ -146,7 +148,7 @@ void LayoutSettingsView::refreshRules()
         auto* enabled = new SettingsSwitch(row);
         enabled->setCheckedQuietly(rule.isEnabled);
         auto* remove = new QToolButton(row);
-        remove->setIcon(settingsSymbol(QStringLiteral("trash"), QColor(220, 70, 70)));
+        remove->setIcon(SymbolIcons::icon(QStringLiteral("trash"), QColor(220, 70, 70), 16));
         remove->setAutoRaise(true);
         remove->setToolTip(localized(language(), "Remove rule", "Удалить правило"));
         rowLayout->addWidget(icon);

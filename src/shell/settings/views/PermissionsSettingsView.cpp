@@ -2,6 +2,7 @@
 
 #include "core/MivoraAppState.h"
 #include "exchange/PermissionController.h"
+#include "panels/views/SymbolIcons.h"
 #include "shell/settings/views/SettingsCard.h"
 #include "shell/settings/views/SettingsPageKit.h"
 #include "shell/settings/views/SettingsRow.h"
@@ -78,9 +79,9 @@ void PermissionsSettingsView::showBadge(SettingsRow* row, bool granted)
 {
     const QList<QLabel*> parts = row->control()->findChildren<QLabel*>();
     const QColor ink = granted ? QColor(52, 168, 83) : QColor(230, 140, 30);
-    parts[0]->setPixmap(settingsSymbol(granted ? QStringLiteral("checkmark.circle.fill")
-                                               : QStringLiteral("exclamationmark.circle"),
-                                       ink)
+    parts[0]->setPixmap(SymbolIcons::icon(granted ? QStringLiteral("checkmark.circle.fill")
+                                                  : QStringLiteral("exclamationmark.circle"),
+                                          ink, 16)
                             .pixmap(16, 16));
     parts[1]->setText(granted ? localized(language(), "Granted", "Разрешено")
                               : localized(language(), "Needs Access", "Нужен доступ"));

@@ -1,6 +1,7 @@
 #include "shell/settings/views/UpdatesSettingsView.h"
 
 #include "core/MivoraAppState.h"
+#include "panels/views/SymbolIcons.h"
 #include "shell/settings/UpdatesSettingsModel.h"
 #include "shell/settings/views/SettingsCard.h"
 #include "shell/settings/views/SettingsPageKit.h"
@@ -87,7 +88,7 @@ void UpdatesSettingsView::refresh()
 {
     m_heading->setText(localized(language(), "Updates", "Обновления"));
     m_statusIcon->setPixmap(
-        settingsSymbol(m_model->statusSymbol(), palette().color(QPalette::Highlight), 28).pixmap(28, 28));
+        SymbolIcons::icon(m_model->statusSymbol(), palette().color(QPalette::Highlight), 28).pixmap(28, 28));
     m_statusTitle->setText(m_model->statusTitle());
     const std::optional<QString> message = m_model->message();
     m_message->setText(message.value_or(QString()));
@@ -114,8 +115,8 @@ void UpdatesSettingsView::refresh()
     m_notesHeading->setVisible(notes.has_value() || m_model->canInstall());
     m_notesCard->setVisible(notes.has_value() || m_model->canInstall());
     m_install->setText(localized(language(), "Install Update", "Установить обновление"));
-    m_install->setIcon(
-        settingsSymbol(QStringLiteral("arrow.down.circle.fill"), palette().color(QPalette::ButtonText)));
+    m_install->setIcon(SymbolIcons::icon(QStringLiteral("arrow.down.circle.fill"),
+                                         palette().color(QPalette::ButtonText), 16));
     m_install->setVisible(m_model->canInstall());
     m_automatic->setTitle(
         localized(language(), "Check for updates automatically", "Автоматически проверять обновления"));
