@@ -35,7 +35,7 @@ void walkBreadthFirst(const AccessibilityAttributes& attributes, const Accessibi
 
 FocusService::FocusService(ApplicationWorkspace& workspace, AccessibilityTree& tree)
     : m_workspace(workspace), m_attributes(tree),
-      m_activations(m_workspace.subscribeToActivations(
+      m_activations(m_workspace.subscribeToWindowActivations(
           [this](const RunningApplication& application) { remember(application); }))
 {}
 

@@ -34,7 +34,12 @@ public:
     virtual bool activate(qint32 processIdentifier, WindowIdentifier window) = 0;
     // This program's own process, which never counts as a target. Non-blocking.
     virtual qint32 currentProcessIdentifier() = 0;
-    // Calls handler on the GUI thread each time another application comes to the front, for as long as the
-    // subscription lives; any number of handlers may listen. Non-blocking.
+    // Calls handler on the GUI thread each time another application comes to the front, that is a window of
+    // another process than the one last in front; a move between windows of one application, or back to it
+    // from focus on no window, is none. For as long as the subscription lives; any number of handlers may
+    // listen. Non-blocking.
     [[nodiscard]] virtual ListenerSubscription subscribeToActivations(ActivationHandler handler) = 0;
+    // The same for each window that comes to the front, also another one of the application in front; where
+    // the platform tells of applications only, the same as subscribeToActivations. Non-blocking.
+    [[nodiscard]] virtual ListenerSubscription subscribeToWindowActivations(ActivationHandler handler) = 0;
 };

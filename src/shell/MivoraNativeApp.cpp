@@ -196,6 +196,8 @@ void MivoraNativeApp::makeFace(const Views& views)
         pages.inputSources = m_platform.inputSources.get();
         pages.applications = m_platform.applications.get();
         pages.offersBuiltInDisplay = [this] { return m_builtInDisplay->offersBuiltInDisplay(); };
+        pages.panelName = m_builtInDisplay->panelName();
+        pages.popsOutBrowserTabs = m_browserPopOut->canPopOut();
         m_mainWindow = views.makeMainWindow(
             *m_appState, pages,
             MainWindowHooks{[this] { return m_delegate->windowShouldClose(); },

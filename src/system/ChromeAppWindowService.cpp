@@ -25,7 +25,7 @@ ChromeAppWindowService::ChromeAppWindowService(ApplicationWorkspace& workspace,
 
 bool ChromeAppWindowService::popOutActiveTabIfNeeded(WindowTileSlot slot)
 {
-    if (m_remote == nullptr) {
+    if (!canPopOut()) {
         return false;
     }
     const auto front = m_workspace.frontmostApplication();

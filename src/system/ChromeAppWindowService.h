@@ -22,6 +22,8 @@ public:
     ChromeAppWindowService(ApplicationWorkspace& workspace, AccessibilityTree& accessibility,
                            BrowserTabRemote* remote, Clock& clock, TileFocusedWindow tile);
 
+    // Whether it ever takes over: not without a remote for the browser. Non-blocking.
+    bool canPopOut() const { return m_remote != nullptr; }
     // True when it has taken over the tiling, and the caller must not tile.
     bool popOutActiveTabIfNeeded(WindowTileSlot slot);
 

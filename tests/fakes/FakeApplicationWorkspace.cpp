@@ -39,6 +39,7 @@ void FakeApplicationWorkspace::bringToFront(qint32 processIdentifier)
 {
     m_front = processIdentifier;
     if (const std::optional<RunningApplication> front = application(processIdentifier)) {
+        m_windowActivations.notify(*front);
         m_activations.notify(*front);
     }
 }

@@ -2,7 +2,7 @@
 
 #include "platform/ApplicationWorkspace.h"
 
-// A desktop of scripted applications with one window each, numbered ten times the process. activate()
+// A desktop of scripted applications, each with its main window numbered ten times the process. activate()
 // records the request and, unless told otherwise, brings the application to the front at once and tells the
 // activation listeners, as a window manager would.
 class FakeApplicationWorkspace : public ApplicationWorkspace {
@@ -20,6 +20,8 @@ public:
     }
     // Brings the application to the front and tells the listeners, as when the user clicks it.
     void bringToFront(qint32 processIdentifier);
+    // Another window of the application in front comes forward: only the window listeners hear of it.
+    void bringOtherWindowForward() { m_windowActivations.notify(*frontmostApplication()); }
 
     bool activationSucceeds = true;
     bool activationTakesEffect = true;
@@ -41,9 +43,14 @@ public:
     {
         return m_activations.subscribe(std::move(handler));
     }
+    ListenerSubscription subscribeToWindowActivations(ActivationHandler handler) override
+    {
+        return m_windowActivations.subscribe(std::move(handler));
+    }
 
 private:
     QList<RunningApplication> m_applications;
     std::optional<qint32> m_front;
     ListenerList<const RunningApplication&> m_activations;
+    ListenerList<const RunningApplication&> m_windowActivations;
 };

@@ -4,9 +4,14 @@
 #include "core/EventLoopClock.h"
 #include "platform/x11/X11DesktopWindows.h"
 
+#include <array>
 #include <gtest/gtest.h>
 #include <memory>
 #include <vector>
+
+// Last: Xlib's macros (None, Bool) break the test framework's headers.
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
 
 using namespace std::chrono_literals;
 
@@ -15,6 +20,36 @@ namespace {
 // The private server is 1600 by 1000 with no panel, so the visible frame is the whole screen.
 const QRect leftHalf(0, 0, 800, 1000);
 const QRect rightHalf(800, 0, 800, 1000);
+
+// A desktop panel as a taskbar makes one: an undecorated dock window that reserves a band along an edge
+// through _NET_WM_STRUT_PARTIAL. It goes with this object.
+class DockPanel {
+public:
+    DockPanel(Display* display, const QRect& geometry, const std::array<long, 12>& strut)
+        : m_display(display),
+          m_window(XCreateSimpleWindow(display, DefaultRootWindow(display), geometry.x(), geometry.y(),
+                                       geometry.width(), geometry.height(), 0, 0, 0))
+    {
+        Atom dock = XInternAtom(display, "_NET_WM_WINDOW_TYPE_DOCK", False);
+        XChangeProperty(display, m_window, XInternAtom(display, "_NET_WM_WINDOW_TYPE", False), XA_ATOM, 32,
+                        PropModeReplace, reinterpret_cast<unsigned char*>(&dock), 1);
+        XChangeProperty(display, m_window, XInternAtom(display, "_NET_WM_STRUT_PARTIAL", False), XA_CARDINAL,
+                        32, PropModeReplace, reinterpret_cast<const unsigned char*>(strut.data()), 12);
+        XMapWindow(display, m_window);
+        XSync(display, False);
+    }
+    ~DockPanel()
+    {
+        XDestroyWindow(m_display, m_window);
+        XSync(m_display, False);
+    }
+    DockPanel(const DockPanel&) = delete;
+    DockPanel& operator=(const DockPanel&) = delete;
+
+private:
+    Display* m_display;
+    Window m_window;
+};
 
 class WindowTilingEndToEndTest : public ::testing::Test {
 protected:
@@ -103,6 +138,24 @@ TEST_F(WindowTilingEndToEndTest, HalvesThenSwapWithTheWindowBeside)
     holdChord(swapChord(), QStringLiteral("Right"));
     EXPECT_TRUE(settlesAt(first, rightHalf)) << frameText(first);
     EXPECT_TRUE(settlesAt(second, leftHalf)) << frameText(second);
+}
+
+TEST_F(WindowTilingEndToEndTest, HalvesLeaveOutThePanelsOfTheDesktop)
+{
+    // A 40 px bar along the top and a 60 px launcher down the left, each from another client.
+    const DockPanel top(keyboard.display(), {0, 0, 1600, 40}, {0, 0, 40, 0, 0, 0, 0, 0, 0, 1599, 0, 0});
+    const DockPanel left(keyboard.display(), {0, 40, 60, 960}, {60, 0, 0, 0, 40, 999, 0, 0, 0, 0, 0, 0});
+    const QRect visible(60, 40, 1540, 960);
+    ASSERT_TRUE(spinUntil([&] {
+        const QList<DesktopWindows::Screen> screens = windows.screens();
+        return !screens.isEmpty() && screens.first().visibleFrame == visible;
+    }));
+
+    const auto window = open(QStringLiteral("Tiling beside panels"));
+    holdChord(tileChord(), QStringLiteral("Left"));
+    EXPECT_TRUE(settlesAt(window, {60, 40, 770, 960})) << frameText(window);
+    holdChord(tileChord(), QStringLiteral("Right"));
+    EXPECT_TRUE(settlesAt(window, {830, 40, 770, 960})) << frameText(window);
 }
 
 TEST_F(WindowTilingEndToEndTest, ArrangesTheFourFrontMostOfFiveWindows)

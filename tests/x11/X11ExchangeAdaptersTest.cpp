@@ -109,6 +109,40 @@ TEST_F(X11ExchangeAdaptersTest, WorkspaceFollowsActivationsLiveAndActivatesThrou
     EXPECT_FALSE(workspace.activate(two.processIdentifier() + 100000, 0));
 }
 
+// A move to another window of the application in front is a window's activation, not an application's.
+TEST_F(X11ExchangeAdaptersTest, AnotherWindowOfTheApplicationInFrontIsNoNewApplication)
+{
+    int applications = 0;
+    QList<qint32> windows;
+    const ListenerSubscription byApplication =
+        workspace.subscribeToActivations([&](const RunningApplication&) { ++applications; });
+    const ListenerSubscription byWindow = workspace.subscribeToWindowActivations(
+        [&](const RunningApplication& application) { windows.append(application.processIdentifier); });
+    TestFieldProcess field;
+    field.addOtherWindow(QStringLiteral("Second window of the field"));
+    ASSERT_TRUE(field.start(QStringLiteral("MivoraFieldOne"), QStringLiteral("Field one")));
+    ASSERT_TRUE(waitForFront(field.processIdentifier()));
+    ASSERT_TRUE(spinUntil([&] { return applications > 0; }));
+    const int applicationsBefore = applications;
+
+    const std::optional<QByteArray> listed =
+        runTool(QStringLiteral("xdotool"),
+                {"search", "--onlyvisible", "--pid", QString::number(field.processIdentifier())});
+    const QList<QByteArray> both = listed ? listed->trimmed().split('\n') : QList<QByteArray>();
+    ASSERT_EQ(both.size(), 2) << (listed ? listed->toStdString() : "no answer");
+    // Away from whichever of the two is in front, and back, and away again.
+    const QByteArray active = QByteArray::number(qulonglong(workspace.activeWindow()));
+    const QString other = QString::fromLatin1(both[0] == active ? both[1] : both[0]);
+    const QString back = QString::fromLatin1(active);
+    for (const QString& window : {other, back, other}) {
+        const qsizetype heard = windows.size();
+        ASSERT_TRUE(runTool(QStringLiteral("xdotool"), {QStringLiteral("windowactivate"), window}));
+        ASSERT_TRUE(spinUntil([&] { return windows.size() > heard; }));
+        EXPECT_EQ(windows.last(), field.processIdentifier());
+    }
+    EXPECT_EQ(applications, applicationsBefore);
+}
+
 TEST_F(X11ExchangeAdaptersTest, ShortcutsReachTheFocusedWindowWithControlAndShiftInTerminals)
 {
     TestFieldProcess field;

@@ -15,6 +15,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <memory>
+#include <vector>
 
 // Last: Xlib defines macros (None, Bool) that clash with the names above.
 #include <X11/Xatom.h>
@@ -165,6 +166,25 @@ TEST_F(X11RandrDisplaysTest, ReadsThePanelTheExternalDisplayAndMirroring)
 
     xrandr({"--output", "DUMMY1", "--mode", "1024x768", "--same-as", "DUMMY0"});
     EXPECT_TRUE(displays.isInMirrorSet(panel));
+}
+
+// Drivers that set no ConnectorType leave the name as the only sign of a panel.
+TEST(X11RandrPanelConnectorTest, TheConnectorTypeDecidesAndWithoutItTheName)
+{
+    struct Case {
+        std::optional<QByteArray> type;
+        const char* name;
+        bool panel;
+    };
+    for (const Case& c : std::vector<Case>{{"Panel", "DUMMY0", true},
+                                           {"DisplayPort", "eDP-1", false},
+                                           {std::nullopt, "eDP-1", true},
+                                           {std::nullopt, "LVDS1", true},
+                                           {std::nullopt, "DSI-1", true},
+                                           {std::nullopt, "DP-1", false},
+                                           {std::nullopt, "HDMI-A-1", false}}) {
+        EXPECT_EQ(X11RandrDisplays::isPanelConnector(c.type, c.name), c.panel) << c.name;
+    }
 }
 
 // Off: the panel's CRTC is free, the external display moves to the origin and the screen shrinks to it.

@@ -21,6 +21,7 @@ public:
     bool activate(qint32 processIdentifier, WindowIdentifier window) override;
     qint32 currentProcessIdentifier() override;
     ListenerSubscription subscribeToActivations(ActivationHandler handler) override;
+    ListenerSubscription subscribeToWindowActivations(ActivationHandler handler) override;
 
 private:
     // Holds the notification observer.

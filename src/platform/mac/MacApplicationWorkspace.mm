@@ -104,3 +104,9 @@ ListenerSubscription MacApplicationWorkspace::subscribeToActivations(ActivationH
 {
     return m_observer->activations.subscribe(std::move(handler));
 }
+
+ListenerSubscription MacApplicationWorkspace::subscribeToWindowActivations(ActivationHandler handler)
+{
+    // The system tells of applications only; each brings its own last window along.
+    return subscribeToActivations(std::move(handler));
+}

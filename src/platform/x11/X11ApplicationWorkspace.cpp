@@ -41,6 +41,7 @@ X11ApplicationWorkspace::X11ApplicationWorkspace(X11EventPump& pump) : m_display
     m_lastActive = activeWindow();
     if (const std::optional<ClientWindow> client = describe(m_lastActive, m_lastActive)) {
         m_lastActiveProcess = client->application.processIdentifier;
+        m_frontProcess = m_lastActiveProcess;
         noteActive(*client);
     }
     m_events = pump.subscribe([this](const XEvent& event) {
@@ -63,8 +64,15 @@ void X11ApplicationWorkspace::activeWindowChanged()
     }
     m_lastActive = active;
     m_lastActiveProcess = process;
-    if (client) {
-        noteActive(*client);
+    if (!client) {
+        return;
+    }
+    noteActive(*client);
+    m_windowActivations.notify(client->application);
+    // Window managers pass through focus on no window while one window of an application closes and
+    // another of it takes over: that is no new application in front.
+    if (process != m_frontProcess) {
+        m_frontProcess = process;
         m_activations.notify(client->application);
     }
 }

@@ -27,6 +27,10 @@ public:
     {
         return m_activations.subscribe(std::move(handler));
     }
+    ListenerSubscription subscribeToWindowActivations(ActivationHandler handler) override
+    {
+        return m_windowActivations.subscribe(std::move(handler));
+    }
 
     // The window of the application that has the focus, or 0. One round trip.
     unsigned long activeWindow();
@@ -46,8 +50,12 @@ private:
     unsigned long m_root = 0;
     unsigned long m_activeWindowAtom = 0;
     ListenerList<const RunningApplication&> m_activations;
+    ListenerList<const RunningApplication&> m_windowActivations;
     unsigned long m_lastActive = 0;
+    // The process of m_lastActive, 0 while no window is active.
     qint32 m_lastActiveProcess = 0;
+    // The process of the last window in front; focus on no window leaves it as it is.
+    qint32 m_frontProcess = 0;
     // Per process, its windows in the order they were last active, latest first.
     QHash<qint32, QList<unsigned long>> m_recentWindows;
     // Last, so no event reaches a half-destroyed object.

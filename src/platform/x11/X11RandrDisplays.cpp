@@ -23,13 +23,6 @@ struct CrtcDeleter {
     void operator()(XRRCrtcInfo* crtc) const { XRRFreeCrtcInfo(crtc); }
 };
 
-// The name prefixes that kernel drivers give the connectors of a computer's own panel.
-bool hasPanelName(const char* name)
-{
-    const QByteArray text(name);
-    return text.startsWith("eDP") || text.startsWith("LVDS") || text.startsWith("DSI");
-}
-
 bool isSideways(Rotation rotation)
 {
     return (rotation & (RR_Rotate_90 | RR_Rotate_270)) != 0;
@@ -183,6 +176,16 @@ OutputInfo readOutput(Display* display, Window root, DisplayIdentifier output)
 }
 } // namespace
 
+bool X11RandrDisplays::isPanelConnector(const std::optional<QByteArray>& connectorType,
+                                        const QByteArray& outputName)
+{
+    if (connectorType) {
+        return *connectorType == "Panel";
+    }
+    // The name prefixes that kernel drivers give the connectors of a computer's own panel.
+    return outputName.startsWith("eDP") || outputName.startsWith("LVDS") || outputName.startsWith("DSI");
+}
+
 bool X11RandrDisplays::isBuiltIn(DisplayIdentifier display)
 {
     const OutputInfo info = m_hasRandr ? readOutput(m_display, m_root, display) : nullptr;
@@ -200,11 +203,15 @@ bool X11RandrDisplays::isBuiltIn(DisplayIdentifier display)
                          &type, &format, &count, &after, &data);
     const XPtr<unsigned char> owned(data);
     trap.sync();
+    std::optional<QByteArray> typeName;
     if (type == XA_ATOM && format == 32 && count == 1 && owned) {
         const XPtr<char> name(XGetAtomName(m_display, *reinterpret_cast<const Atom*>(owned.get())));
-        return name && qstrcmp(name.get(), "Panel") == 0;
+        typeName = QByteArray(name ? name.get() : "");
+    } else if (type != None) {
+        // Present but unreadable: it names no panel.
+        typeName = QByteArray();
     }
-    return type == None && hasPanelName(info->name);
+    return isPanelConnector(typeName, QByteArray(info->name));
 }
 
 bool X11RandrDisplays::isOnline(DisplayIdentifier display)

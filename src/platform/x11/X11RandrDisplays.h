@@ -3,7 +3,9 @@
 #include "platform/DisplayControl.h"
 #include "platform/x11/X11EventPump.h"
 
+#include <QByteArray>
 #include <QHash>
+#include <optional>
 
 // The outputs of the X server as displays, through XRandR 1.3 on the pump's connection. The built-in
 // panel is the output whose ConnectorType is "Panel", or, without that property, whose name starts with
@@ -30,6 +32,10 @@ public:
     std::optional<DisplaySwitchFailure> setDisplayEnabled(DisplayIdentifier display, bool enabled) override;
     QList<DisplayIdentifier> switchedOffBuiltInDisplays() override;
     PanelName panelName() const override { return PanelName::builtInDisplay; }
+    // Whether an output is the computer's own panel, by its ConnectorType (nullopt when the driver sets
+    // none) and, only without one, by its name.
+    static bool isPanelConnector(const std::optional<QByteArray>& connectorType,
+                                 const QByteArray& outputName);
     ListenerSubscription subscribeToChanges(ChangeHandler handler) override
     {
         return m_changes.subscribe(std::move(handler));

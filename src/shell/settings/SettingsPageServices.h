@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/DisplayControl.h"
+
 #include <functional>
 
 class AppUpdateManager;
@@ -26,4 +28,8 @@ struct SettingsPageServices {
     InputSourceProvider* inputSources = nullptr;
     // True when a built-in display can be switched off, or one is off now; empty means never.
     std::function<bool()> offersBuiltInDisplay;
+    // Names the built-in display as the tray does.
+    DisplayControl::PanelName panelName = DisplayControl::PanelName::macBookDisplay;
+    // The half-screen hotkeys take the browser's active tab out into a window of its own.
+    bool popsOutBrowserTabs = false;
 };

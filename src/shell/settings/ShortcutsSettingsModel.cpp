@@ -16,9 +16,12 @@ constexpr const char* activeWindow[2] = {"Active window", "Активное ок
 constexpr const char* halfNote[2] = {
     "Active window. In Chrome the tab opens as a separate window without the address bar",
     "Активное окно. В Chrome вкладка открывается отдельным окном без адресной строки"};
+// %1 is the name of the key held.
 constexpr const char* swapNote[2] = {
-    "Active window trades places with its neighbour. Or drag a window onto another with Option held",
-    "Активное окно меняется местами с соседним. Или перетащите окно на другое с зажатым Option"};
+    "Active window trades places with its neighbour. Or drag a window onto another with %1 held",
+    "Активное окно меняется местами с соседним. Или перетащите окно на другое с зажатым %1"};
+// Off a Mac the panel has no brand.
+constexpr const char* builtInDisplayTitle[2] = {"Built-in display on/off", "Встроенный экран вкл/выкл"};
 
 const TilingText tilingTexts[] = {
     {"tileAll",
@@ -80,7 +83,7 @@ QString ShortcutsSettingsModel::styleSubtitle(const PromptStyle& style, UiLangua
 
 QStringList ShortcutsSettingsModel::tilingIds() const
 {
-    const bool display = m_offersBuiltInDisplay && m_offersBuiltInDisplay();
+    const bool display = m_platform.offersBuiltInDisplay && m_platform.offersBuiltInDisplay();
     QStringList ids;
     for (const TilingText& row : tilingTexts) {
         if (display || qstrcmp(row.id, "builtInDisplay") != 0) {
@@ -91,14 +94,24 @@ QStringList ShortcutsSettingsModel::tilingIds() const
 }
 
 ShortcutsSettingsModel::RowText ShortcutsSettingsModel::tilingText(const QString& tilingId,
-                                                                   UiLanguage language)
+                                                                   UiLanguage language) const
 {
     for (const TilingText& row : tilingTexts) {
-        if (tilingId == QLatin1String(row.id)) {
-            const char* const* subtitle = row.subtitle[0] ? row.subtitle : activeWindow;
-            return {localized(language, row.title[0], row.title[1]),
-                    localized(language, subtitle[0], subtitle[1])};
+        if (tilingId != QLatin1String(row.id)) {
+            continue;
         }
+        const bool branded = m_platform.panelName == DisplayControl::PanelName::macBookDisplay;
+        const char* const* title =
+            tilingId == u"builtInDisplay" && !branded ? builtInDisplayTitle : row.title;
+        const char* const* subtitle = row.subtitle[0] ? row.subtitle : activeWindow;
+        if (subtitle[0] == halfNote[0] && !m_platform.popsOutBrowserTabs) {
+            subtitle = activeWindow;
+        }
+        QString subtitleText = localized(language, subtitle[0], subtitle[1]);
+        if (subtitle[0] == swapNote[0]) {
+            subtitleText = subtitleText.arg(m_platform.optionKey);
+        }
+        return {localized(language, title[0], title[1]), subtitleText};
     }
     return {tilingId, localized(language, activeWindow[0], activeWindow[1])};
 }

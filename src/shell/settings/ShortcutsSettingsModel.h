@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/MivoraSettings.h"
+#include "platform/DisplayControl.h"
 
 #include <QStringList>
 #include <functional>
@@ -22,9 +23,20 @@ public:
         QString MivoraSettings::*hotkey;
     };
 
-    // offersBuiltInDisplay: whether the built-in display row belongs on the page; empty means never.
-    ShortcutsSettingsModel(MivoraAppState& appState, std::function<bool()> offersBuiltInDisplay)
-        : m_appState(appState), m_offersBuiltInDisplay(std::move(offersBuiltInDisplay))
+    // What the tiling rows offer and say differs by platform; the defaults are macOS's.
+    struct Platform {
+        // Whether the built-in display row belongs on the page; empty means never.
+        std::function<bool()> offersBuiltInDisplay;
+        // The name of the computer's own panel, as the tray item calls it.
+        DisplayControl::PanelName panelName = DisplayControl::PanelName::macBookDisplay;
+        // The key held for the drag swap, by its name on this platform.
+        QString optionKey = QStringLiteral("Option");
+        // Whether the half-screen hotkeys take the browser's tab out into a window of its own here.
+        bool popsOutBrowserTabs = true;
+    };
+
+    ShortcutsSettingsModel(MivoraAppState& appState, Platform platform)
+        : m_appState(appState), m_platform(std::move(platform))
     {}
 
     static std::span<const MainRow> mainRows();
@@ -33,7 +45,7 @@ public:
     static QString styleSubtitle(const PromptStyle& style, UiLanguage language);
     // The tiling ids shown, in page order; builtInDisplay only while it is offered.
     QStringList tilingIds() const;
-    static RowText tilingText(const QString& tilingId, UiLanguage language);
+    RowText tilingText(const QString& tilingId, UiLanguage language) const;
     // The stored text of a tiling id; a missing entry reads as "Not assigned".
     QString tilingHotkey(const QString& tilingId) const;
     void setTilingHotkey(const QString& tilingId, const QString& hotkey);
@@ -42,5 +54,5 @@ public:
 
 private:
     MivoraAppState& m_appState;
-    std::function<bool()> m_offersBuiltInDisplay;
+    Platform m_platform;
 };

@@ -219,20 +219,55 @@ TEST_F(SettingsPageModelsTest, ATestRunOfAnEmptyInputFailsWithTheBackendsTextAnd
 TEST_F(SettingsPageModelsTest, ShortcutRowsNameEveryTilingIdAndOfferTheDisplayOnlyWhenAsked)
 {
     bool display = false;
-    ShortcutsSettingsModel shortcuts(state, [&display] { return display; });
+    ShortcutsSettingsModel shortcuts(state, {[&display] { return display; }});
     EXPECT_EQ(shortcuts.tilingIds().size(), 13);
     display = true;
     EXPECT_EQ(shortcuts.tilingIds().last(), "builtInDisplay");
     EXPECT_EQ(ShortcutsSettingsModel(state, {}).tilingIds().size(), 13);
     for (const QString& id : WindowTilingHotkeys::registrationOrder()) {
-        EXPECT_NE(ShortcutsSettingsModel::tilingText(id, UiLanguage::en).title, id);
+        EXPECT_NE(shortcuts.tilingText(id, UiLanguage::en).title, id);
     }
-    EXPECT_EQ(ShortcutsSettingsModel::tilingText("full", UiLanguage::ru).subtitle, "Активное окно");
+    EXPECT_EQ(shortcuts.tilingText("full", UiLanguage::ru).subtitle, "Активное окно");
 
     configure([](MivoraSettings& s) { s.windowTilingHotkeys.remove("fill"); });
     EXPECT_EQ(shortcuts.tilingHotkey("fill"), "Not assigned");
     shortcuts.setStyleHotkey("humor", "Alt+H");
     EXPECT_EQ(state.promptStyles()[7].hotkey, "Alt+H");
+}
+
+// The rows that name the panel, the key of the drag swap and the tab pop-out follow the platform; the
+// defaults are macOS's.
+TEST_F(SettingsPageModelsTest, TilingRowsNameThePlatformsOwnPanelKeyAndBrowser)
+{
+    const ShortcutsSettingsModel mac(state, {});
+    const ShortcutsSettingsModel pc(state, {{}, DisplayControl::PanelName::builtInDisplay, "Alt", false});
+    struct Case {
+        const ShortcutsSettingsModel& model;
+        const char* id;
+        UiLanguage language;
+        const char* title;
+        const char* subtitle;
+    };
+    const std::vector<Case> cases = {
+        {mac, "builtInDisplay", UiLanguage::en, "MacBook display on/off",
+         "Turns off the built-in screen while an external monitor is connected"},
+        {pc, "builtInDisplay", UiLanguage::en, "Built-in display on/off",
+         "Turns off the built-in screen while an external monitor is connected"},
+        {pc, "builtInDisplay", UiLanguage::ru, "Встроенный экран вкл/выкл",
+         "Выключает встроенный экран, пока подключён внешний монитор"},
+        {mac, "swapLeft", UiLanguage::en, "Swap with window on the left",
+         "Active window trades places with its neighbour. Or drag a window onto another with Option held"},
+        {pc, "swapUp", UiLanguage::ru, "Обмен с окном сверху",
+         "Активное окно меняется местами с соседним. Или перетащите окно на другое с зажатым Alt"},
+        {mac, "leftHalf", UiLanguage::ru, "Левая половина",
+         "Активное окно. В Chrome вкладка открывается отдельным окном без адресной строки"},
+        {pc, "rightHalf", UiLanguage::en, "Right half", "Active window"},
+    };
+    for (const Case& c : cases) {
+        const ShortcutsSettingsModel::RowText text = c.model.tilingText(c.id, c.language);
+        EXPECT_EQ(text.title, QString::fromUtf8(c.title)) << c.id;
+        EXPECT_EQ(text.subtitle, QString::fromUtf8(c.subtitle)) << c.id;
+    }
 }
 
 } // namespace

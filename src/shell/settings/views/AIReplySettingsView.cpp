@@ -2,8 +2,8 @@
 
 #include "core/MivoraAppState.h"
 #include "shell/settings/views/AIReplyStyleEditorCard.h"
+#include "shell/settings/views/PlatformKeyNames.h"
 
-#include <QGuiApplication>
 #include <QLabel>
 #include <QPushButton>
 
@@ -20,11 +20,8 @@ AIReplySettingsView::AIReplySettingsView(MivoraAppState& appState, GlobalHotkeyS
 void AIReplySettingsView::refresh()
 {
     m_heading->setText(QStringLiteral("AI Reply"));
-    // Stored hotkeys say Command and Option; elsewhere those are the Super (Windows) key and Alt.
-    const bool mac = QGuiApplication::platformName() == QLatin1String("cocoa");
-    m_hint->setText(StyleCatalogueSettingsModel::replyHint(
-        language(), mac ? QStringLiteral("Command") : QStringLiteral("Super"),
-        mac ? QStringLiteral("Option") : QStringLiteral("Alt")));
+    const PlatformKeyNames keys = PlatformKeyNames::current();
+    m_hint->setText(StyleCatalogueSettingsModel::replyHint(language(), keys.command, keys.option));
     m_reset->setText(localized(language(), "Reset", "Сбросить"));
     m_add->setText(localized(language(), "+ Add", "+ Добавить"));
     syncCards(m_styleCards, m_appState.aiReplyStyles(),

@@ -7,6 +7,7 @@
 #include "shell/settings/views/ClipboardSettingsView.h"
 #include "shell/settings/views/LayoutSettingsView.h"
 #include "shell/settings/views/PermissionsSettingsView.h"
+#include "shell/settings/views/PlatformKeyNames.h"
 #include "shell/settings/views/QuickMenuSettingsView.h"
 #include "shell/settings/views/ShortcutsSettingsView.h"
 #include "shell/settings/views/StylesSettingsView.h"
@@ -25,7 +26,9 @@ QWidget* SettingsPageFactory::make(SettingsPage page, MivoraAppState& appState,
     case SettingsPage::quickMenu:
         return new QuickMenuSettingsView(appState, services.hotkeys);
     case SettingsPage::shortcuts:
-        return new ShortcutsSettingsView(appState, services.hotkeys, services.offersBuiltInDisplay);
+        return new ShortcutsSettingsView(appState, services.hotkeys,
+                                         {services.offersBuiltInDisplay, services.panelName,
+                                          PlatformKeyNames::current().option, services.popsOutBrowserTabs});
     // General is the shell's own page, made by the main window.
     case SettingsPage::general:
         return nullptr;

@@ -9,9 +9,8 @@
 #include <QLabel>
 
 ShortcutsSettingsView::ShortcutsSettingsView(MivoraAppState& appState, GlobalHotkeySuspension* hotkeys,
-                                             std::function<bool()> offersBuiltInDisplay, QWidget* parent)
-    : SettingsPageWidget(appState, parent), m_hotkeys(hotkeys),
-      m_model(appState, std::move(offersBuiltInDisplay))
+                                             ShortcutsSettingsModel::Platform platform, QWidget* parent)
+    : SettingsPageWidget(appState, parent), m_hotkeys(hotkeys), m_model(appState, std::move(platform))
 {
     auto* main = new SettingsCard(this);
     for (const auto& mainRow : ShortcutsSettingsModel::mainRows()) {
@@ -96,7 +95,7 @@ void ShortcutsSettingsView::refresh()
     syncRows(m_tilingCard, m_tilingRows, m_tilingIds, tilingIds,
              [this](const QString& id, const QString& hotkey) { m_model.setTilingHotkey(id, hotkey); });
     for (qsizetype i = 0; i < tilingIds.size(); ++i) {
-        const auto text = ShortcutsSettingsModel::tilingText(tilingIds[i], language());
+        const auto text = m_model.tilingText(tilingIds[i], language());
         m_tilingRows[i]->setTitle(text.title);
         m_tilingRows[i]->setSubtitle(text.subtitle);
         recorder(m_tilingRows[i])->setHotkey(m_model.tilingHotkey(tilingIds[i]));

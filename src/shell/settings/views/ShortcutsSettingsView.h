@@ -15,7 +15,7 @@ class ShortcutsSettingsView : public SettingsPageWidget {
     Q_OBJECT
 public:
     ShortcutsSettingsView(MivoraAppState& appState, GlobalHotkeySuspension* hotkeys,
-                          std::function<bool()> offersBuiltInDisplay, QWidget* parent = nullptr);
+                          ShortcutsSettingsModel::Platform platform, QWidget* parent = nullptr);
 
 protected:
     void refresh() override;
