@@ -99,12 +99,3 @@ void MivoraAppDelegate::showMainWindow()
     setActivationPolicy(ActivationPolicy::regular);
     m_services.window.showAndActivate();
 }
-
-void MivoraAppDelegate::finishLaunching(bool openMainWindowOnLaunch)
-{
-    if (openMainWindowOnLaunch || !shouldStayInMenuBar()) {
-        showMainWindow();
-    } else {
-        moveToMenuBarIfNeeded();
-    }
-}

@@ -48,9 +48,6 @@ public:
     bool isTerminating() const { return m_isTerminating; }
     // Brings the main window back, as clicking the program's icon or starting it a second time does.
     void showMainWindow();
-    // The end of the start: the main window opens when the settings ask for it, and also when the program
-    // cannot stay in the tray, which would leave it running with no way back; otherwise it settles there.
-    void finishLaunching(bool openMainWindowOnLaunch);
 
 private:
     void applyPolicy();

@@ -368,8 +368,11 @@ void MivoraNativeApp::start()
     QCoreApplication::instance()->installEventFilter(this);
     if (m_delegate) {
         m_delegate->start();
-        // An autostarted program must not pop its window at every login: the setting decides, as long as
-        // the tray is there to bring the window back.
-        m_delegate->finishLaunching(m_appState->settings().openMainWindowOnLaunch);
+        // An autostarted program must not pop its window at every login: the setting decides.
+        if (m_appState->settings().openMainWindowOnLaunch) {
+            m_delegate->showMainWindow();
+        } else {
+            m_delegate->moveToMenuBarIfNeeded();
+        }
     }
 }

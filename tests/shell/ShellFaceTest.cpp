@@ -213,28 +213,6 @@ TEST_F(AppDelegateTest, ThePolicyMendsItselfEverySecondAndTheWindowComesBack)
     delegate.stop();
 }
 
-TEST_F(AppDelegateTest, TheStartOpensTheWindowUnlessTheTrayCanBringItBack)
-{
-    const struct {
-        const char* name;
-        bool openOnLaunch, iconVisible, host, shown;
-    } cases[] = {
-        {"asked to open", true, true, true, true},
-        {"autostart with a tray", false, true, true, false},
-        {"tray icon hidden", false, false, true, true},
-        {"no tray host", false, true, false, true},
-    };
-    for (const auto& test : cases) {
-        SCOPED_TRACE(test.name);
-        defaults.setValue(QStringLiteral("mivora.menuBarIconVisible"), test.iconVisible);
-        trayHost = test.host;
-        window.visible = false;
-        delegate.finishLaunching(test.openOnLaunch);
-        EXPECT_EQ(window.visible, test.shown);
-        EXPECT_EQ(window.policy, test.shown ? ActivationPolicy::regular : ActivationPolicy::accessory);
-    }
-}
-
 TEST_F(AppDelegateTest, ThePlatformsOwnPresenceFollowsThePolicy)
 {
     struct RecordingPresence : ApplicationPresence {
