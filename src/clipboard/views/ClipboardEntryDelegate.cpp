@@ -1,7 +1,7 @@
 #include "clipboard/views/ClipboardEntryDelegate.h"
 
 #include "clipboard/ClipboardEntryListModel.h"
-#include "clipboard/views/ClipboardSymbols.h"
+#include "panels/views/SymbolIcons.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -139,7 +139,7 @@ void ClipboardEntryDelegate::paint(QPainter* painter, const QStyleOptionViewItem
     for (int button = 0; button < m_buttons.size(); ++button) {
         const Button& spec = m_buttons.at(button);
         const QColor ink = spec.destructive ? QColor(220, 60, 50) : palette.color(QPalette::ButtonText);
-        ClipboardSymbols::icon(spec.symbol, ink)
+        QIcon(SymbolIcons::drawn(spec.symbol, ink, 16))
             .paint(painter, buttonRect(option.rect.adjusted(2, 2, -2, -2), button).adjusted(3, 3, -3, -3));
     }
     painter->restore();

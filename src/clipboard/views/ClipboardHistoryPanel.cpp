@@ -6,6 +6,7 @@
 #include "clipboard/views/ClipboardSidePreview.h"
 #include "clipboard/views/ClipboardSymbols.h"
 #include "clipboard/views/ClipboardWindowDragHandle.h"
+#include "panels/views/SymbolIcons.h"
 #include "platform/FloatingWindowTraits.h"
 
 #include <QCloseEvent>
@@ -164,9 +165,9 @@ void ClipboardHistoryPanel::buildToolbar(QHBoxLayout* toolbar)
 void ClipboardHistoryPanel::buildSearch(QHBoxLayout* search)
 {
     auto* glass = new QLabel(this);
-    glass->setPixmap(
-        ClipboardSymbols::icon(QStringLiteral("magnifyingglass"), palette().color(QPalette::WindowText))
-            .pixmap(16, 16));
+    glass->setPixmap(QIcon(SymbolIcons::drawn(QStringLiteral("magnifyingglass"),
+                                              palette().color(QPalette::WindowText), 16))
+                         .pixmap(16, 16));
     m_search = new QLineEdit(this);
     m_search->installEventFilter(this);
     m_clearSearch = ClipboardSymbols::button(QStringLiteral("xmark.circle.fill"), this);

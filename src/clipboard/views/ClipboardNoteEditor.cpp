@@ -1,6 +1,6 @@
 #include "clipboard/views/ClipboardNoteEditor.h"
 
-#include "clipboard/views/ClipboardSymbols.h"
+#include "panels/views/SymbolIcons.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -27,7 +27,7 @@ ClipboardNoteEditor::ClipboardNoteEditor(QWidget* parent)
     buttons->addWidget(m_save);
     layout->addLayout(buttons);
     m_save->setIcon(
-        ClipboardSymbols::icon(QStringLiteral("checkmark"), palette().color(QPalette::ButtonText)));
+        QIcon(SymbolIcons::drawn(QStringLiteral("checkmark"), palette().color(QPalette::ButtonText), 16)));
     m_cancel->setFocusPolicy(Qt::NoFocus);
     m_save->setFocusPolicy(Qt::NoFocus);
     m_text->installEventFilter(this);

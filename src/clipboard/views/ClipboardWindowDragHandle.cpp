@@ -1,6 +1,6 @@
 #include "clipboard/views/ClipboardWindowDragHandle.h"
 
-#include "panels/views/ThemePainter.h"
+#include "panels/views/SymbolIcons.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -48,7 +48,7 @@ void ClipboardWindowDragHandle::paintEvent(QPaintEvent*)
             painter.drawEllipse(QPointF(4 + column * 5, middle + row * 5), 1.4, 1.4);
         }
     }
-    ThemePainter::paintSymbol(painter, QRectF(16, middle - 8, 16, 16), QStringLiteral("clipboard"), ink);
+    SymbolIcons::paint(painter, QRectF(16, middle - 8, 16, 16), QStringLiteral("clipboard"), ink);
     QFont font = painter.font();
     font.setBold(true);
     painter.setFont(font);

@@ -1,7 +1,7 @@
 #include "panels/views/StatusHUDPanel.h"
 
 #include "panels/PanelPlacement.h"
-#include "panels/views/ThemePainter.h"
+#include "panels/views/SymbolIcons.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -82,7 +82,7 @@ void StatusHUDPanel::paintEvent(QPaintEvent* event)
         tone.setAlphaF(0.6f);
     }
     const QRectF icon(horizontalPadding, (height() - iconSize) / 2.0, iconSize, iconSize);
-    ThemePainter::paintSymbol(painter, icon, m_content.symbolName, tone);
+    SymbolIcons::paint(painter, icon, m_content.symbolName, tone);
 
     QFont font = this->font();
     font.setPointSizeF(textPointSize);

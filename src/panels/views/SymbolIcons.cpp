@@ -195,19 +195,24 @@ void SymbolIcons::paint(QPainter& painter, const QRectF& rect, const QString& sy
     painter.restore();
 }
 
+QPixmap SymbolIcons::drawn(const QString& symbol, const QColor& color, int side, qreal pixelRatio)
+{
+    QPixmap pixmap(QSize(side, side) * pixelRatio);
+    pixmap.setDevicePixelRatio(pixelRatio);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    paint(painter, QRectF(1, 1, side - 2, side - 2), symbol, color);
+    painter.end();
+    return pixmap;
+}
+
 QIcon SymbolIcons::icon(const QString& symbol, const QColor& color, int side)
 {
     const QString name = themeName(symbol);
     if (!name.isEmpty() && QIcon::hasThemeIcon(name)) {
         return QIcon::fromTheme(name);
     }
-    QPixmap pixmap(side * 2, side * 2);
-    pixmap.setDevicePixelRatio(2);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    paint(painter, QRectF(0, 0, side, side), symbol, color);
-    painter.end();
-    return QIcon(pixmap);
+    return QIcon(drawn(symbol, color, side));
 }
 
 QIcon SymbolIcons::iconRow(const QStringList& symbols, const QColor& color, int side)

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QIcon>
+#include <QPixmap>
 #include <QRectF>
 #include <QString>
 #include <QStringList>
@@ -19,6 +20,8 @@ public:
     static QString glyph(const QString& symbol);
     // Draws the symbol in one colour, centred in rect; unknown names give a plain dot, never a hole.
     static void paint(QPainter& painter, const QRectF& rect, const QString& symbol, const QColor& color);
+    // The drawing alone in color, side pixels square with a pixel of air around it, at the given pixel ratio.
+    static QPixmap drawn(const QString& symbol, const QColor& color, int side, qreal pixelRatio = 2);
     // The theme's icon when the current theme has one, otherwise the drawing in color at side pixels.
     static QIcon icon(const QString& symbol, const QColor& color, int side);
     // The symbols' icons side by side in one, each side pixels square: a control that shows two symbols.

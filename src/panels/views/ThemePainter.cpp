@@ -1,7 +1,5 @@
 #include "panels/views/ThemePainter.h"
 
-#include "panels/views/SymbolIcons.h"
-
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
@@ -67,10 +65,4 @@ void ThemePainter::paintSheet(QPainter& painter, const QRectF& rect, qreal corne
     painter.setPen(QPen(color(AppearancePalette::floatingBorderColor(surface, scheme), palette), 1));
     painter.drawPath(sheet);
     painter.restore();
-}
-
-void ThemePainter::paintSymbol(QPainter& painter, const QRectF& rect, const QString& name,
-                               const QColor& color)
-{
-    SymbolIcons::paint(painter, rect, name, color);
 }

@@ -19,6 +19,4 @@ public:
     // appearance), the veil, and a hairline border. A solid surface is painted opaque.
     static void paintSheet(QPainter& painter, const QRectF& rect, qreal cornerRadius,
                            AppearanceMode appearance, SurfaceMode surface, const QPalette& palette);
-    // A small symbol by its name ("checkmark.circle.fill", "bolt.fill"…), drawn in one colour (SymbolIcons).
-    static void paintSymbol(QPainter& painter, const QRectF& rect, const QString& name, const QColor& color);
 };

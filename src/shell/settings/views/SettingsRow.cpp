@@ -1,10 +1,9 @@
 #include "shell/settings/views/SettingsRow.h"
 
-#include "panels/views/ThemePainter.h"
+#include "panels/views/SymbolIcons.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
 #include <QVBoxLayout>
 
 SettingsRow::SettingsRow(QWidget* control, QWidget* parent) : QWidget(parent), m_control(control)
@@ -48,16 +47,8 @@ void SettingsRow::setSymbol(const QString& symbolName)
         m_symbol->hide();
         return;
     }
-    const qreal scale = devicePixelRatioF();
-    QPixmap pixmap(QSize(18, 18) * scale);
-    pixmap.setDevicePixelRatio(scale);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    ThemePainter::paintSymbol(painter, QRectF(1, 1, 16, 16), symbolName,
-                              palette().color(QPalette::WindowText));
-    painter.end();
-    m_symbol->setPixmap(pixmap);
+    m_symbol->setPixmap(
+        SymbolIcons::drawn(symbolName, palette().color(QPalette::WindowText), 18, devicePixelRatioF()));
     m_symbol->show();
 }
 
